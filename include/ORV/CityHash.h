@@ -5,7 +5,6 @@
 
 namespace ORV {
 
-class CityFile;
 class Domain;
 
 /// The stations of a city file in memory, to be found by identifier (key space 0), by WMO number
@@ -14,12 +13,13 @@ class Domain;
 class CityHash {
 public:
     Hash hash;
-    int prior;
+    int prior = Const::MISS;
 
-    CityHash() { init(); }
+    CityHash() = default;
     explicit CityHash(const char* file);
     CityHash(const char* file, const Domain& domain, int maxprior);
 
+    /// Empties the table.
     int init();
 
     /// Reads all stations of the file, which is looked for on the database path. 0 when it can't be
@@ -40,19 +40,19 @@ public:
     /// Finds a station by its key in one key space.
     int get(int keyspace, const char* text, CityHashData& data);
 
-    /// The walk over the stations, in the order of the file: the values from first on, the next
-    /// keys.
-    const void* first();
-    const char* nextKey();
-    int getNum() const;
+    /// The walk over the stations in the order of the file, see Hash: a CityHashData, and keys.
+    char* first() { return hash.first(); }
+    const char* nextKey() { return hash.nextKey(); }
+    int getNum() const { return hash.getNum(); }
 
+    /// Prints the identifier of each station.
     int print();
 
     /// Prints a line for each station.
     int printData();
 
 private:
-    int fill(CityFile& file, const Domain* domain, int maxprior);
+    int read(const char* file, const Domain* domain, int maxprior);
 };
 
 } // namespace ORV

@@ -37,14 +37,14 @@ public:
     /// A test without a number, or of a value that the station hasn't got, doesn't hold.
     static int compareData(const Strings& list, const CityData& city);
 
-    /// Call letters made from a WMO number: the letters of its country and the last digits. Numbers
-    /// of no known country come as five digits. out has room for 6 characters, end included. Only
-    /// the last five digits of a longer number count.
+    /// Call letters made from a WMO number: the letters of its country and the last digits. A
+    /// number of no known country comes as five digits; a longer one is cut. out has room for 6
+    /// characters.
     static int toId(const char* text, char* out);
 
-    /// The WMO number, as five digits, of call letters in the form that toId makes. 0, and an empty
-    /// text, when they aren't of the form: five characters, a letter first and three digits last.
-    /// It is no exact inverse: several countries share a base.
+    /// The WMO number, as five digits, of call letters in the form that toId makes: five
+    /// characters, a letter first and three digits last. Any others give 0 and an empty text. It is
+    /// no exact inverse: countries share bases. out has room for 6 characters.
     static int toWmo(const char* id, char* out);
 };
 

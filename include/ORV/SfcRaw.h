@@ -48,9 +48,9 @@ public:
     int setHour(const char* text);
     int setFilename();
     int setFilename(const char* text);
-    int setFilename(Date& date);
-    int setFilename(Date& date, const char* text);
-    int getDate(Date& date);
+    int setFilename(const Date& date);
+    int setFilename(const Date& date, const char* text);
+    int getDate(Date& date) const;
 
     int setVariable(const char* text);
     int setVarFile(const char* text);
