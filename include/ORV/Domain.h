@@ -57,10 +57,12 @@ public:
     float cy = Const::MISS;
     /// Constants of the projection:
     ///   1, 11: scale -1 in the north, +1 in the south; xfactor is the radius at the equator.
-    ///   3 on the ellipsoid: scale is the eccentricity, xfactor the scale at the true latitude.
+    ///   3: xfactor is the scale at the equator, 1 on the sphere; scale is the eccentricity of the
+    ///      ellipsoid, whose map is true at plat.
     ///   4: scale +1 in the north, -1 in the south; xfactor is the cone constant, mult the factor
     ///      of the radius.
     ///   5: xfactor and yfactor are cosine and sine of plat.
+    ///   8: xfactor and yfactor as in 5.
     ///   9: scale is the sine of plat, xfactor the radius of plat, yfactor Snyder's C, mult the
     ///      cone constant.
     ///   23: xfactor and yfactor, the magnification about the lower left corner, are 1: pressure
@@ -233,17 +235,11 @@ public:
     bool isPolar() const { return isPolar(proj); }
 
 private:
-    // Sine and cosine of plat for code 8, beside the constants above.
-    double sin_plat = Const::MISS;
-    double cos_plat = Const::MISS;
-
+    bool hasWindow() const;
     bool isDerived() const;
     void derive();
-    void deriveRadius();
-    int forward(EarthPoint& earth, double& x, double& y) const;
-    int inverse(const Point& plot, double& lat, double& lon) const;
-    double worldWidth(float y) const;
-    int move(const Point& c);
+    float worldWidth(float y) const;
+    int moveCenter(const Point& c);
 };
 
 } // namespace ORV
