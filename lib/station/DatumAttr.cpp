@@ -2,11 +2,10 @@
 
 #include "ORV/Datum.h"
 #include "ORV/PlotAttr.h"
+#include "ORV/Scan.h"
 #include "ORV/StrLib.h"
 #include "ORV/Strings.h"
 
-#include <cmath>
-#include <cstdio>
 #include <iterator>
 
 namespace ORV {
@@ -196,9 +195,7 @@ void DatumAttr::setOffset(const char* text) {
     // blanks, "-1+2".
     float x = 1;
     float y = 1;
-    std::sscanf(text, "%f%f", &x, &y);
-    if (!std::isfinite(x) || !std::isfinite(y))
-        return;
+    Scan::text(text, "%f%f", &x, &y);
     dx = x * step_x;
     dy = y * step_y;
     valign = half;

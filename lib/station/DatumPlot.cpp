@@ -3,6 +3,7 @@
 #include "ORV/CloudPlot.h"
 #include "ORV/ColorFile.h"
 #include "ORV/Domain.h"
+#include "ORV/Format.h"
 #include "ORV/Orv.h"
 #include "ORV/Plot.h"
 #include "ORV/PlotAttr.h"
@@ -274,8 +275,7 @@ void DatumPlot::setUp(Plot& plot) {
 void DatumPlot::colorByValue(Plot& plot, const Element& element, bool text_only) {
     if (!use_fill || StrLib::valid(element.own.color))
         return;
-    PlotAttr shade;
-    fill.get(element.datum.value[0], shade);
+    const PlotAttr shade = fill.get(element.datum.value[0]);
     plot.setTextColor(shade.color);
     if (text_only)
         return;
@@ -287,8 +287,10 @@ void DatumPlot::colorByValue(Plot& plot, const Element& element, bool text_only)
 void DatumPlot::drawNumber(Plot& plot, const Element& element, const char* dflt) {
     const float value = element.datum.value[0];
     const char* form = pick(format, pick(element.own.form, pick(attr.form, dflt)));
-    if (value != Const::MISS && StrLib::valid(form))
-        plot.drawFormText(element.at, form, value);
+    char text[100];
+    if (value != Const::MISS && StrLib::valid(form) &&
+        Format::print(text, sizeof text, form, value))
+        plot.drawText(element.at, text);
 }
 
 void DatumPlot::drawData(Plot& plot, const Element& element) {

@@ -218,7 +218,7 @@ private:
 bool ObsChart::Frame::open() {
     if (!chart.file.isSet())
         chart.file.setFile("la");
-    if (!reports.open(chart.file.getName(), 0)) {
+    if (!reports.open(chart.file.getName())) {
         Orv::outMessage(3, "ObsChart: Unable to open file: %s\n", chart.file.getName());
         return false;
     }
