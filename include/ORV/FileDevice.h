@@ -10,7 +10,7 @@ namespace ORV {
 /// 0 for questions (frames, loops) and for what a file cannot do (device text, an image).
 class FileDevice : public Device, public Listener {
 public:
-    int getDevice(String& name) override;
+    int getDevice(String& name) override { return name.clear(); }
     int resize(float, float) override { return 0; }
     int manage() override { return 1; }
     int unmanage() override { return 1; }

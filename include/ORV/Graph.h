@@ -11,7 +11,10 @@
 #include "ORV/String.h"
 #include "ORV/Symbol.h"
 
+#include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace ORV {
 
@@ -191,7 +194,8 @@ public:
     int setImageAlign(int halign, int valign);
 
     /// Chooses a font: a short name of "orv.fnl", a font file of the database, or "#" and a device
-    /// font, in which "{N}" stands for a size that follows the text height.
+    /// font, in which "{N}" stands for a size that follows the text height. A font that cannot be
+    /// had is replaced by "modern.fnt", with a warning the first time; the result is 0 then.
     int setFont(const char* name);
     /// Reads another symbol file of the database.
     int setSymbol(const char* file);
@@ -220,20 +224,27 @@ public:
     int getImage(Image& image);
 
 private:
+    static bool isTran(int n) { return n >= 0 && n < 4; }
     GTran& cur() { return tran[cur_tran]; }
     const GTran& cur() const { return tran[cur_tran]; }
     template <class Value>
     int change(Value& stored, Value value, int (Device::*tell)(int, Value), int context);
     int setFontSpec();
-    int readFont(const char* name);
-    int readSymbol(const char* name);
+    std::string findFontSpec(const char* name) const;
+    const GFont* loadFont(const std::string& file);
     Point pixelSize() const;
-    bool isDeviceText() const { return hfont || font_type == 2 || font_type == 3; }
-    int drawStrokes(int context, const Points& points);
-    void drawShadow(const Points& points);
-    void drawTextLineAny(float x, float y, const char* line);
+    void drawShadow();
+    void drawTextPart(float x, float y, const char* line);
+    float getLineWidth(const char* line) const;
     void drawGlyph(float x, float y, float u, float offset);
-    void flushStroke();
+    void flushStroke(int context);
+
+    // Files read once: elements of a plot change fonts and symbols at every station.
+    std::map<std::string, std::string> font_specs;
+    std::map<std::string, GFont> fonts;
+    std::map<std::string, Symbol> symbols;
+    std::vector<std::unique_ptr<Device>> closing; // closed from inside their own event loop
+    int managing = 0;                             // event loops entered and not left
 };
 
 } // namespace ORV

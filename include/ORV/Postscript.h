@@ -7,6 +7,7 @@
 #include "ORV/TextBuffer.h"
 
 #include <functional>
+#include <string>
 
 namespace ORV {
 
@@ -26,7 +27,7 @@ public:
     float off_x = 0;
     float off_y = 0;
     bool open_flag = false;
-    char name[60] = "orv.ps";
+    char name[60] = "orv.ps"; ///< a longer one given to setParam is cut here, but opened in full
     char title[60] = "ORV Plot";
     int append = 0; ///< 1: the plot goes behind what the file holds
     int eps = 0;
@@ -94,6 +95,7 @@ private:
     void writePoint(float x, float y, std::string_view verb);
 
     TextBuffer out;
+    std::string full_name; // as given, where name is too short for it
 };
 
 } // namespace ORV
