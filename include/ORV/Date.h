@@ -35,6 +35,8 @@ public:
     /// text beginning with "cu" is the current time. What isn't reached stays missing. Returns 0
     /// when the text holds no date.
     int set(const char* text);
+    /// Recomputes the seconds, the day of the week and the day of the year from the fields.
+    long computeSecs();
     /// Copies the fields and repairs them by validate. With the year and day known but no month,
     /// the day is the day of the year. Returns 0 when all are missing.
     int set(const DateVal& vals);
@@ -108,10 +110,9 @@ public:
     int print() const;
 
 private:
-    long computeSecs();
-    int computeDate();
-    int addTime(long seconds);
+    int addTime(double seconds);
     int setFields(long seconds);
+    int setField(int& field, int value, int low, int high);
 };
 
 } // namespace ORV

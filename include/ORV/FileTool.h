@@ -5,7 +5,8 @@
 namespace ORV {
 
 /// Questions about names and paths: plain files, standard streams, and remote names ("http://").
-/// A path list separates its elements by ":"; the one behind "http" belongs to the element.
+/// A path list separates its elements by ":"; the one behind "http", and the one before the port of
+/// a remote element, belong to the element.
 class FileTool {
 public:
     FileTool() = delete;

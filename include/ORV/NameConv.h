@@ -95,18 +95,24 @@ public:
     /// "#20070112" a date, "+la" the first one from now on, "la#10" with at most 10 looks. Null
     /// means "la". A search without a hit gives the name for the last date tried.
     int setLatest(const char* text, NameConvFile& result);
+    /// The same from a given time, whatever the current one is.
+    int setLatest(const Date& base, const char* text, NameConvFile& result);
     /// Finds the file of a date, in the first path that has it.
     int setFile(const Date& value, NameConvFile& result);
     int getDate(Date& value) const;
 
 private:
-    bool isUsable(const char* name, bool any_size) const;
+    friend class NameCoder;
+
+    int readLine(const char* line, const char* name);
+    void setLimits(const char* text);
+    void storeKey(char letter, const char* text);
     Date findBaseDate() const;
     void applyFixDate(Date& base) const;
-    bool findExact(const Date& wanted);
+    bool isUsable(const char* name) const;
+    bool findFile(const Date& wanted);
     bool findLatest(const Date& wanted, int direction, int looks);
-    int setParams(const char* text);
-    int readLine(const char* line, const char* name);
+    int countLooks(int asked) const;
     int complete(const Date& value, NameConvFile& result);
 };
 
