@@ -46,7 +46,8 @@ int ObsChart::init() {
 }
 
 int ObsChart::getDomain(Domain& domain) {
-    return DomainTool::set(domain, "us");
+    DomainTool::set(domain, "us");
+    return 1;
 }
 
 int ObsChart::setFile() {
