@@ -37,28 +37,28 @@ public:
         COMMENT = 0x8000,
     };
 
-    char id[11] = "";             ///< station identifier
-    char name[25] = "";           ///< station name
-    char area[11] = "";           ///< area or state; "SHIP" when the position comes with the report
-    int type = 0;                 ///< report type, stored and compared only
-    int stype = 0;                ///< report sub-type, stored only
-    long wmo = Const::MISS;       ///< WMO station number
-    float lat = Const::MISS;      ///< degrees north
-    float lon = Const::MISS;      ///< degrees east
-    float elev = Const::MISS;     ///< metres
-    int prior = Const::MISS;      ///< station priority, 0 the most important
-    Date date;                    ///< time of the report
-    int flag = 0;                 ///< free flag word
-    float t = Const::MISS;        ///< temperature, degrees Celsius
-    float td = Const::MISS;       ///< dewpoint, degrees Celsius
-    float dir = Const::MISS;      ///< wind direction, degrees; missing with a speed: variable
-    float spd = Const::MISS;      ///< wind speed, knots
-    float gust = Const::MISS;     ///< wind gust, knots
-    float slp = Const::MISS;      ///< sea-level pressure, mb
-    float alt = Const::MISS;      ///< altimeter setting, inches of mercury
-    float vis = Const::MISS;      ///< visibility, statute miles
-    CloudLayer cloud[max_cloud];  ///< layers, lowest first
-    int num_cld = 0;              ///< layers in use
+    char id[11] = "";         ///< station identifier
+    char name[25] = "";       ///< station name
+    char area[11] = "";       ///< area or state; "SHIP" when the position comes with the report
+    int type = 0;             ///< report type, stored and compared only
+    int stype = 0;            ///< report sub-type, stored only
+    long wmo = Const::MISS;   ///< WMO station number
+    float lat = Const::MISS;  ///< degrees north
+    float lon = Const::MISS;  ///< degrees east
+    float elev = Const::MISS; ///< metres
+    int prior = Const::MISS;  ///< station priority, 0 the most important
+    Date date;                ///< time of the report
+    int flag = 0;             ///< free flag word
+    float t = Const::MISS;    ///< temperature, degrees Celsius
+    float td = Const::MISS;   ///< dewpoint, degrees Celsius
+    float dir = Const::MISS;  ///< wind direction, degrees; missing with a speed: variable
+    float spd = Const::MISS;  ///< wind speed, knots
+    float gust = Const::MISS; ///< wind gust, knots
+    float slp = Const::MISS;  ///< sea-level pressure, mb
+    float alt = Const::MISS;  ///< altimeter setting, inches of mercury
+    float vis = Const::MISS;  ///< visibility, statute miles
+    CloudLayer cloud[max_cloud] = {{' '}, {' '}, {' '}, {' '}, {' '}}; ///< lowest first
+    int num_cld = 0;                                                   ///< layers in use
     char weather[21] = "";        ///< present weather in one of the notations of WxTool
     int ptend_type = Const::MISS; ///< characteristic of the pressure tendency, WMO table 0200
     float ptend = Const::MISS;    ///< pressure tendency, mb in 3 hours
@@ -82,8 +82,6 @@ public:
     float wav_hgt = Const::MISS;        ///< wave height, metres
     char comment[100] = "";             ///< remarks
 
-    SfcData();
-
     /// Puts every field back to not reported.
     int init();
 
@@ -96,7 +94,7 @@ public:
     float getLon() const { return lon; }
     float getElev() const { return elev; }
     int getPrior() const { return prior; }
-    int getDate(Date& out) const;
+    int getDate(Date& out) const { return out = date, 1; }
     const Date& getDate() const { return date; }
     float getT() const { return t; }
     float getTd() const { return td; }
@@ -133,45 +131,45 @@ public:
     int setId(const char* text);
     int setName(const char* text);
     int setArea(const char* text);
-    int setType(int value);
+    int setType(int value) { return type = value, 1; }
     /// Takes the decimal number at the start of the text; 0 for a text without one.
     int setWmo(const char* text);
-    int setLoc(float new_lat, float new_lon);
-    int setElev(float value);
-    int setPrior(int value);
-    int setDate(const Date& value);
-    int setT(float value);
-    int setTd(float value);
-    int setDir(float value);
-    int setSpd(float value);
-    int setGust(float value);
-    int setSlp(float value);
-    int setAlt(float value);
-    int setVis(float value);
+    int setLoc(float new_lat, float new_lon) { return lat = new_lat, lon = new_lon, 1; }
+    int setElev(float value) { return elev = value, 1; }
+    int setPrior(int value) { return prior = value, 1; }
+    int setDate(const Date& value) { return date = value, 1; }
+    int setT(float value) { return t = value, 1; }
+    int setTd(float value) { return td = value, 1; }
+    int setDir(float value) { return dir = value, 1; }
+    int setSpd(float value) { return spd = value, 1; }
+    int setGust(float value) { return gust = value, 1; }
+    int setSlp(float value) { return slp = value, 1; }
+    int setAlt(float value) { return alt = value, 1; }
+    int setVis(float value) { return vis = value, 1; }
     int setWeather(const char* text);
     /// Numbers outside 0 to max_cloud are brought to the nearer end.
     int setNumCld(int value);
-    int setPtendType(int value);
-    int setPtend(float value);
-    int setPrec1(float value);
-    int setPrec3(float value);
-    int setPrec6(float value);
-    int setPrec12(float value);
-    int setPrec24(float value);
-    int setPrec(float value);
-    int setPrecPer(int value);
-    int setCldLow(int code);
-    int setMaxT(float value);
-    int setMinT(float value);
-    int setMax6T(float value);
-    int setMin6T(float value);
-    int setSnowCov(float value);
-    int setSolar(float value);
-    int setSst(float value);
-    int setWavPer(float value);
-    int setWavHgt(float value);
-    int setFlag(int value);
-    int orFlag(int value);
+    int setPtendType(int value) { return ptend_type = value, 1; }
+    int setPtend(float value) { return ptend = value, 1; }
+    int setPrec1(float value) { return prec1 = value, 1; }
+    int setPrec3(float value) { return prec3 = value, 1; }
+    int setPrec6(float value) { return prec6 = value, 1; }
+    int setPrec12(float value) { return prec12 = value, 1; }
+    int setPrec24(float value) { return prec24 = value, 1; }
+    int setPrec(float value) { return prec = value, 1; }
+    int setPrecPer(int value) { return prec_per = value, 1; }
+    int setCldLow(int code) { return cld_low = code, 1; }
+    int setMaxT(float value) { return max_t = value, 1; }
+    int setMinT(float value) { return min_t = value, 1; }
+    int setMax6T(float value) { return max6_t = value, 1; }
+    int setMin6T(float value) { return min6_t = value, 1; }
+    int setSnowCov(float value) { return snow_cov = value, 1; }
+    int setSolar(float value) { return solar = value, 1; }
+    int setSst(float value) { return sst = value, 1; }
+    int setWavPer(float value) { return wav_per = value, 1; }
+    int setWavHgt(float value) { return wav_hgt = value, 1; }
+    int setFlag(int value) { return flag = value, 1; }
+    int orFlag(int value) { return flag |= value, 1; }
 
     /// Time of the report as hour * 100 + minute; a missing minute counts as 0. Missing when the
     /// date isn't set or has no hour.
@@ -180,7 +178,7 @@ public:
     /// when the date isn't set or has no hour.
     int getHour() const;
     /// Seconds since 1 January 1970; missing when the date isn't set.
-    long getSeconds() const;
+    long getSeconds() const { return date.getSeconds(); }
 
     /// Present weather in English; returns 1 if anything was understood.
     int weatherText(String& out) const;
@@ -238,6 +236,11 @@ public:
     /// precipitation 0 to 300 mm (3 h), 400 (6 h), 500 (12 and 24 h), waves 0 to 10 s and 0 to
     /// 20 m. A dewpoint above the temperature comes down to it, and is missing when that is.
     int validate();
+
+private:
+    int printWeather() const;
+    void printWind() const;
+    void printClouds() const;
 };
 
 } // namespace ORV
