@@ -106,6 +106,8 @@ public:
     int print(int i) const;
 
 private:
+    class Parser;
+
     bool inside(int i) const { return i >= 0 && i < num; }
     int getPlot(int i) const { return inside(i) ? item[i].spec.plot : 0; }
     void reserve(int n);
