@@ -109,7 +109,8 @@ private:
     int take(const NameConvFile& result);
     int setLiteral(const char* text);
     int setLatest(const char* text);
-    int setList(const char* text);
+    int setList(const char* text, char delim);
+    int setFrames();
     int setDecoded(const char* text);
 };
 

@@ -102,11 +102,8 @@ public:
     int getDate(Date& value) const;
 
 private:
-    friend class NameCoder;
-
     int readLine(const char* line, const char* name);
-    void setLimits(const char* text);
-    void storeKey(char letter, const char* text);
+    void setLimit(const char* text);
     Date findBaseDate() const;
     void applyFixDate(Date& base) const;
     bool isUsable(const char* name) const;

@@ -12,6 +12,12 @@ bool isSpace(char c) {
     return std::isspace(static_cast<unsigned char>(c)) != 0;
 }
 
+const char* skipSpace(const char* text) {
+    while (isSpace(*text))
+        text++;
+    return text;
+}
+
 bool isSign(char c) {
     return c == '-' || c == '+';
 }
@@ -32,12 +38,6 @@ bool readFloat(const char*& text, int width, float& value) {
     const int n = Scan::number(text, value, width);
     text += n;
     return n > 0;
-}
-
-const char* skipSpace(const char* text) {
-    while (isSpace(*text))
-        text++;
-    return text;
 }
 
 int countWord(const char* text, int width) {
