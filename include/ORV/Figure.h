@@ -97,13 +97,16 @@ public:
 
 private:
     int addItem(std::unique_ptr<FigureItem> item);
-    int setCurrent(const char* current);
+    int setCurrent(const char* text);
     int settle(Drawing& drawing);
-    Drawing* findLoopDrawing(bool sync_only) const;
-    bool isNothingNew(const Date& file_date) const;
-    int drawFrameItems(Date* frame_date, const char* fore);
-    int zoom(const char* pos, float factor);
-    int idle();
+    Drawing* findLoopDrawing(bool sync) const;
+    bool hasSync() const;
+    bool isDrawn(const Date& file_date) const;
+    bool findData(const Date& frame_date, bool sync);
+    template <class Select>
+    int drawItems(Select select);
+    int moveDomain(const char* data, int pos, float factor);
+    int lookForData();
 };
 
 } // namespace ORV

@@ -202,14 +202,18 @@ public:
     int getDomNy() const { return getDomain().ny; }
     float getDomDx() const { return getDomain().dx; }
     float getDomDy() const { return getDomain().dy; }
-    bool withinDomain(const Point& point);
-    bool withinDomain(const EarthPoint& earth);
+    bool withinDomain(const Point& point) const { return getDomain().within(point); }
+    bool withinDomain(const EarthPoint& earth) const { return getDomain().within(earth); }
     /// The same with n grid steps added on each side.
-    bool withinDomainExt(const Point& point, int n);
-    bool withinDomainExt(const EarthPoint& earth, int n);
+    bool withinDomainExt(const Point& point, int n) const {
+        return getDomain().withinExt(point, n);
+    }
+    bool withinDomainExt(const EarthPoint& earth, int n) const {
+        return getDomain().withinExt(earth, n);
+    }
     /// Where a point lies, as on a telephone keypad: 5 inside, 1 above left, 9 below right.
-    int whereDomain(const Point& point);
-    int whereDomain(const EarthPoint& earth);
+    int whereDomain(const Point& point) const { return getDomain().where(point); }
+    int whereDomain(const EarthPoint& earth) const { return getDomain().where(earth); }
     /// The panel's domain as a grid of device pixels.
     int getViewDomain(Domain& dom);
     /// Device pixels to the plot coordinates of the panel that holds them. Outside all panels the
@@ -325,7 +329,7 @@ public:
     static int getLabelPosIndex(const char* pos);
     /// Copies a text of at most size - 1 characters, with "_" as a blank and the escapes %D %F %S
     /// %V %Y %a %b %d %f %h %m %n %y %% replaced by dates, forecast hours and source.
-    int formatLabel(const char* text, char* out, int size);
+    int formatLabel(const char* text, char* out, int size) const;
     int printLabels() const;
     int clearLabels();
     int setDataSource(const char* text);
@@ -341,19 +345,41 @@ public:
     /// @}
 
 private:
+    // Where the panels' maps really are, in NDC; a panel's own view follows that of the one before.
+    Rect viewports[max_panels];
     // Lists kept from call to call, so that lines need no memory of their own.
     Points earth_points; // an earth list on the map
     Points run_points;   // a run between missing points
     Points crop_points;  // a run cut at the edges of the world
+    Points piece_points; // one of its pieces
 
-    bool isMapDrawing() const;
-    int addLabelLine(int line, const char* pos, const char* text);
+    int setDevice(const char* param);
+    int setDevice(char kind, const char* param);
+    int setGeometry(const char* text);
+    int setDeviceResrc();
+
+    Panel& getPanel() { return panels[cur_panel]; }
+    int setPanelWindow();
+    int placePanel();
+
+    int drawPieces(const Points& points);
     int drawRun(Points& run);
     int drawCropped(const Points& run);
-    int drawParts(const Points& points);
-    int fillRun(Points& run);
-    int placePanel(const Rect& limits);
-    int setContextColor(int& context_ind, int ind, int (Graph::*set)(int));
+    int drawPolygon(Points& polygon);
+
+    int setColor(int& context_ind, int ind, int (Graph::*set)(int));
+    int findColor(PlotAttr& attr);
+
+    int addLabelLine(int line, const char* pos, const char* text);
+    PlotAttr getLabelAttr();
+    int addLabelResrc();
+    int drawLabelTexts(const Rect& view, const Rect& surface);
+    int drawLogos();
+    int drawLogo(const char* item);
+
+    int printPosition(const char* pixel);
+    int saveFrames(const char* type);
+    int saveOutput(const char* output);
 };
 
 } // namespace ORV
