@@ -364,6 +364,7 @@ private:
 
     int drawPieces(const Points& points);
     int drawRun(Points& run);
+    int drawSides(Points& run, int side);
     int drawCropped(const Points& run);
     int drawPolygon(Points& polygon);
 

@@ -1,54 +1,21 @@
-#include "ORV/Const.h"
 #include "ORV/Plot.h"
 #include "ORV/StrLib.h"
 
+#include "PlotTools.h"
 #include "WorldEdge.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdarg>
 #include <cstdio>
 
 namespace ORV {
+
+using namespace PlotTools;
+
 namespace {
 
-constexpr int map_tran = 1;    // the graph's transform for projected drawing
 constexpr int text_size = 101; // for a formatted text
 constexpr int circle_step = 5; // degrees
-
-bool isOff(int color_ind) {
-    return color_ind < 0 && color_ind != Const::MISS;
-}
-
-// What isn't a number has no place either.
-bool isMissing(float x, float y) {
-    return x == Const::MISS || y == Const::MISS || !std::isfinite(x) || !std::isfinite(y);
-}
-
-bool isMissing(const Point& point) {
-    return isMissing(point.x, point.y);
-}
-
-bool isMissing(const Points& points, int i) {
-    return isMissing(points.getX1(i), points.getY1(i));
-}
-
-int nextMissing(const Points& points, int start) {
-    int i = start;
-    while (i < points.num && !isMissing(points, i))
-        i++;
-    return i;
-}
-
-// Unlike Points::copy this keeps the room, so that lists used again and again aren't made anew.
-void copyPart(const Points& from, int start, int n, Points& to) {
-    to.clear();
-    if (to.max < n)
-        to.expand(n);
-    std::copy_n(from.x + start, n, static_cast<float*>(to.x));
-    std::copy_n(from.y + start, n, static_cast<float*>(to.y));
-    to.num = n;
-}
 
 template <class Place>
 bool project(const Domain& domain, const Place& place, Point& point) {
@@ -57,6 +24,15 @@ bool project(const Domain& domain, const Place& place, Point& point) {
 }
 
 } // namespace
+
+void PlotTools::copyPart(const Points& from, int start, int n, Points& to) {
+    to.clear();
+    if (to.max < n)
+        to.expand(n);
+    std::copy_n(from.x + start, n, static_cast<float*>(to.x));
+    std::copy_n(from.y + start, n, static_cast<float*>(to.y));
+    to.num = n;
+}
 
 int Plot::drawLine(float x1, float y1, float x2, float y2) {
     return drawLine(Point(x1, y1), Point(x2, y2));
@@ -125,16 +101,19 @@ int Plot::drawPieces(const Points& points) {
 }
 
 int Plot::drawRun(Points& run) {
-    const Domain& domain = getDomain();
-    const WorldEdge edge(domain);
-    const int side = domain.wrapLine(run);
+    return drawSides(run, getDomain().wrapLine(run));
+}
+
+// Draws a line made whole, and once more on the other side of the world that it reaches.
+int Plot::drawSides(Points& run, int side) {
+    const WorldEdge edge(getDomain());
     const bool cut = edge.cutsAlways() || (side != 0 && edge.cutsWrapped());
     const auto draw = [&] {
         return cut && edge.isBeyond(run) ? drawCropped(run) : graph.drawLine(run);
     };
     int drawn = draw();
     if (side != 0) {
-        domain.offsetLine(run, side);
+        getDomain().offsetLine(run, side);
         drawn |= draw();
     }
     return drawn;

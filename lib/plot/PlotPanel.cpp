@@ -2,13 +2,17 @@
 #include "ORV/Scan.h"
 #include "ORV/Strings.h"
 
+#include "PlotTools.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace ORV {
+
+using PlotTools::map_tran;
+
 namespace {
 
-constexpr int map_tran = 1;     // the graph's transform for projected drawing
 constexpr int max_cells = 8;    // columns or rows of panels
 constexpr float margin = 0.04f; // for labels, of the height of a panel, at each end
 
