@@ -7,6 +7,8 @@
 
 namespace ORV {
 
+class Unit;
+
 /// A plot list: specifications, groups "{a,b}", vectors "<u,v>" and grid functions "add(a,b)", each
 /// with its units and options, "temp[F,plot]", as one flat array in the order of the text.
 ///
@@ -117,8 +119,8 @@ private:
     VarListItem& emit(const char* token, const char* end, int layer, bool clean);
     void applyTrailing(const char* bracket, const char* end, int head);
     static void cleanData(char* token);
-    void replaceOne(int i, const VarList& definition, class Unit& unit);
-    void replaceMany(int i, const VarList& definition, class Unit& unit);
+    void replaceOne(int i, const VarList& definition, Unit& unit);
+    void replaceMany(int i, const VarList& definition, Unit& unit);
 };
 
 } // namespace ORV
