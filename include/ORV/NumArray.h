@@ -21,15 +21,14 @@ public:
     NumArray() : NumArray(25) {}
     explicit NumArray(int n) { expand(n); }
 
-    /// Appends a value; capacity grows by 10.
+    /// Appends a value; capacity grows by 10, or by an eighth when that is more.
     int add(T value) { return set(num, value); }
     /// Stores at i, growing to hold it; entries skipped by that are missing. A negative i fails.
     int set(int i, T value) {
-        if (i < 0 || i == std::numeric_limits<int>::max())
+        if (i < 0 || i >= max_size)
             return 0;
         if (i >= max)
-            expand(static_cast<int>(std::min<long long>(std::max(i + 1LL, max + 10LL),
-                                                        std::numeric_limits<int>::max())));
+            expand(std::max(i + 1, max + std::max(10, max / 8)));
         if (i >= num) {
             std::fill(vals + num, vals + i, static_cast<T>(Const::MISS));
             num = i + 1;
@@ -69,6 +68,8 @@ public:
     }
 
 protected:
+    static constexpr int max_size = std::numeric_limits<int>::max() / 2;
+
     /// The index that i means, or -1 when it is out of range.
     int place(int i) const {
         const int at = i < 0 ? num + i : i;

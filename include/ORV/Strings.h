@@ -46,7 +46,8 @@ public:
     /// Only double quotes around a whole field are removed.
     int set(const char* text, char delim, int maxfields, const char* quotes);
 
-    /// Appends a copy; a null or empty text isn't added. Room grows by 10.
+    /// Appends a copy; a null or empty text isn't added. Room grows by 10, or by an eighth when
+    /// that is more.
     int add(const char* text);
     /// Replaces field i, growing to hold it. An empty text leaves the field null.
     int set(int i, const char* text);

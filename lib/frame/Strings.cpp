@@ -153,7 +153,7 @@ int Strings::add(const char* text) {
         return 0;
     OwnedArray<char> copied = StrLib::own(text);
     if (num >= max)
-        resize(max + 10);
+        resize(max + std::max(10, max / 8));
     vals[num++] = std::move(copied);
     return 1;
 }

@@ -1,0 +1,205 @@
+#include "ORV/Orv.h"
+
+#include "ORV/Prog.h"
+#include "ORV/ResrcDBList.h"
+#include "ORV/String.h"
+
+#include "frame/FrameFixture.h"
+
+#include <cstdio>
+
+using namespace ORV;
+
+namespace {
+class OrvTest : public FrameFixture {
+protected:
+    /// What one message of each kind gives on the two streams.
+    static std::string sendAll() {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        Orv::outMessage("plain ");
+        Orv::outMessage(4, "%s ", "banner");
+        Orv::outWarning("warning ");
+        Orv::outError("error ");
+        Orv::outDebug("debug ");
+        Orv::outDebug(2, "debug%d ", 2);
+        return testing::internal::GetCapturedStdout() + "| " +
+               testing::internal::GetCapturedStderr();
+    }
+    static int maskAfter(const char* text) {
+        Orv::message_mask = 63;
+        Orv::setMessageLevel(text);
+        return Orv::message_mask;
+    }
+    static void feed(const std::string& input) {
+        writeFile("input", input);
+        ASSERT_NE(std::freopen("input", "r", stdin), nullptr);
+    }
+};
+using PromptTest = OrvTest;
+} // namespace
+
+TEST_F(OrvTest, LevelsChooseMessages) {
+    const struct {
+        const char *text, *sent;
+    } cases[] = {
+        {"", "plain banner | warning error "},
+        {"none", "| error "},
+        {"warn", "plain | warning error "},
+        {"warn,+debug2", "plain debug2 | warning error "},
+        {"debug", "plain banner debug debug2 | warning error "},
+    };
+    for (const auto& c : cases) {
+        maskAfter(c.text);
+        EXPECT_EQ(sendAll(), c.sent) << c.text;
+    }
+}
+
+TEST_F(OrvTest, LevelTextsBuildTheMask) {
+    const struct {
+        const char* text;
+        int mask;
+    } cases[] = {
+        {nullptr, 63},       {"WARN", 7},
+        {"none", 0},         {"-warn", 63 - 4},
+        {"-warn,-warn", 63}, {"-out8", 63 + 2048},
+        {"loud,+out3", 127}, {"debug8", 0xFFFFF},
+        {"debug", 0xFFFFF},  {"+debug", 63 + 0x80000},
+        {"print,+mess", 9},  {"+none", 63},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(maskAfter(c.text), c.mask) << (c.text ? c.text : "(null)");
+    maskAfter("+debug");
+    EXPECT_TRUE(Orv::isDebug());
+    EXPECT_TRUE(Orv::isDebug(8));
+    EXPECT_FALSE(Orv::isDebug(1));
+    EXPECT_FALSE(Orv::checkMessage(0));
+    EXPECT_FALSE(Orv::checkMessage(1000));
+    Orv::setMessageLevel(-3);
+    EXPECT_EQ(Orv::message_mask, 0);
+}
+
+TEST_F(OrvTest, ErrorsCanGoToStandardOutput) {
+    setVariable("orverrtoout", "");
+    EXPECT_EQ(sendAll(), "plain banner warning error | ");
+}
+
+TEST_F(OrvTest, TellsAboutTheProcess) {
+    EXPECT_STREQ(Orv::getProgramName(), "ORV");
+    Orv::setProgramName("a_name_longer_than_its_field");
+    EXPECT_STREQ(Orv::getProgramName(), "a_name_longer_than_");
+    EXPECT_STREQ(Orv::getDatabasePath(), "");
+    // At least the text of the program, and no field of another meaning.
+    EXPECT_GT(Orv::getVirtMem(), 1000000);
+    EXPECT_STRNE(Orv::getComputerName(), "");
+    EXPECT_GT(Orv::getTime(), 1.6e9);
+    EXPECT_EXIT(Orv::exit(Orv::NODATA), testing::ExitedWithCode(10), "");
+}
+
+TEST(Convert, UsesTheFactorsOfTheTrade) {
+    const struct {
+        float (*convert)(float);
+        float x, result;
+        const char* what;
+    } cases[] = {
+        {Convert::CtoF, -40, -40, "CtoF"},
+        {Convert::CtoF, 100, 212, "CtoF"},
+        {Convert::FtoC, 68, 20, "FtoC"},
+        {Convert::CtoK, 0, 273.15f, "CtoK"},
+        {Convert::KtoC, 300, 26.85f, "KtoC"},
+        {Convert::KtoF, 273.15f, 32, "KtoF"},
+        {Convert::FtoK, 32, 273.15f, "FtoK"},
+        {Convert::INtoMB, 29.92f, 1012.911f, "INtoMB"},
+        {Convert::MBtoIN, 1000, 29.5386f, "MBtoIN"},
+        {Convert::KTtoMPS, 10, 5.144f, "KTtoMPS"},
+        {Convert::MPStoKT, 10, 19.44f, "MPStoKT"},
+        {Convert::KTtoKMH, 10, 18.52f, "KTtoKMH"},
+        {Convert::KMHtoKT, 18.52f, 10, "KMHtoKT"},
+        {Convert::KTtoMPH, 100, 115.08f, "KTtoMPH"},
+        {Convert::MPHtoMPS, 100, 44.70f, "MPHtoMPS"},
+        {Convert::FTtoM, 1000, 304.8f, "FTtoM"},
+        {Convert::MtoFT, 1000, 3280.8f, "MtoFT"},
+        {Convert::INtoMM, 2, 50.8f, "INtoMM"},
+        {Convert::MMtoIN, 25.4f, 1, "MMtoIN"},
+        {Convert::SMtoKM, 10, 16.0934f, "SMtoKM"},
+        {Convert::KMtoSM, 16.0934f, 10, "KMtoSM"},
+        {Convert::NMtoSM, 1, 1.15078f, "NMtoSM"},
+        {Convert::NMtoFT, 1, 6076.12f, "NMtoFT"},
+        {Convert::MtoMI, 1609.34f, 1, "MtoMI"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_NEAR(c.convert(c.x), c.result, 1e-4f * std::abs(c.result)) << c.what;
+        EXPECT_EQ(c.convert(Const::MISS), Const::MISS) << c.what;
+    }
+    // Two ways are one another's inverse.
+    EXPECT_NEAR(Convert::NMtoKM(Convert::KMtoNM(7)), 7, 1e-3);
+    EXPECT_NEAR(Convert::SMtoNM(Convert::NMtoSM(7)), 7, 1e-3);
+    EXPECT_NEAR(Convert::MPHtoKT(Convert::KTtoMPH(7)), 7, 1e-3);
+    EXPECT_NEAR(Convert::MPStoMPH(Convert::MPHtoMPS(7)), 7, 1e-3);
+    EXPECT_NEAR(Convert::INtoCM(Convert::CMtoIN(7)), 7, 1e-3);
+}
+
+TEST_F(PromptTest, AsksUntilItIsAnswered) {
+    feed("set title = Noon map\nset\n  answer here \n");
+    testing::internal::CaptureStdout();
+    const String answer = Prog::prompt("100%% sure? ");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "100% sure? 100% sure? Set resources\ntitle: Noon map\n\n100% sure? ");
+    EXPECT_STREQ(answer.get(), "  answer here");
+    EXPECT_STREQ(Orv::getResrc("title"), "Noon map");
+}
+
+TEST_F(PromptTest, EndsAtAnEmptyLineAndAtTheEnd) {
+    feed("\n" + std::string(500, 'x') + "\nnext\n");
+    testing::internal::CaptureStdout();
+    char buffer[10] = "old";
+    EXPECT_EQ(Prog::prompt("? ", buffer, sizeof buffer), 1);
+    EXPECT_STREQ(buffer, "");
+    Prog::prompt("%s? ", buffer, sizeof buffer);
+    EXPECT_STREQ(buffer, "xxxxxxxx");
+    Prog::prompt("? ", buffer, sizeof buffer);
+    EXPECT_STREQ(buffer, "next");
+    EXPECT_EQ(Prog::prompt("? ", buffer, sizeof buffer), 0);
+    EXPECT_STREQ(buffer, "");
+    // A prompt that isn't a whole format is shown as it is.
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "? %s? ? ? ");
+}
+
+TEST_F(PromptTest, CommandsAreWholeWords) {
+    EXPECT_EQ(Prog::setCommand("settings"), 0);
+    EXPECT_EQ(Prog::setCommand("exit now"), 0);
+    EXPECT_EQ(Prog::setCommand(""), 0);
+    EXPECT_EQ(Prog::setCommand("set level==  850"), 1);
+    EXPECT_STREQ(Orv::getResrc("level"), "850");
+    EXPECT_EQ(Prog::setCommand("  set icon"), 1);
+    EXPECT_STREQ(Orv::getResrc("icon"), "");
+    EXPECT_EXIT(Prog::setCommand("exit"), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(OrvTest, HelpNeedsItsSetting) {
+    ResrcDBList none;
+    EXPECT_EQ(Prog::printHelp(none, none, "purpose"), 0);
+    Orv::putResrc("help", "");
+    Orv::putResrc("prog", "obschart");
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(Prog::printHelp(none, none, "This program plots"), 1);
+    const std::string help = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(help.find("obschart: This program plots\nobschart syntax (version:6.76-LINUX-X11)\n"),
+              0u);
+}
+
+TEST_F(OrvTest, ReadsResourceFilesLater) {
+    writeFile("a.cfg", "IF extra\n*.title tagged\nELSE\n*.title plain\nEND\ntool.label "
+                       "1\nother.label 2\n*.message warn\n"
+                       "*.file_path /base\n*.cur_time 20240510_12\n");
+    Prog::readResrcFile("tool", "extra", "a.cfg");
+    EXPECT_STREQ(Orv::getResrc("title"), "tagged");
+    EXPECT_STREQ(Orv::getResrc("label"), "1");
+    EXPECT_EQ(Orv::getResrcType("label"), 5);
+    EXPECT_EQ(Orv::message_mask, 7);
+    EXPECT_STREQ(Orv::getDatabasePath(), "/base");
+    EXPECT_EQ(Orv::getInitTime(), 1715342400); // 2024-05-10 12:00 UTC
+    setVariable("orvdefault", "a.cfg");
+    Prog::readResrcFile(nullptr, nullptr);
+    EXPECT_STREQ(Orv::getResrc("title"), "plain");
+}

@@ -1,0 +1,145 @@
+#include "ORV/StrLib.h"
+
+#include "ORV/Const.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <memory>
+
+using namespace ORV;
+
+TEST(StrLib, ComparesHeadsAndTails) {
+    const struct {
+        const char *a, *b;
+        int n;
+        bool same;
+        const char* what;
+    } cases[] = {
+        {"abc", "abx", 2, true, "heads agree"},
+        {"abc", "abx", 3, false, "heads differ"},
+        {"ab", "ab", 9, true, "both end together"},
+        {"ab", "abc", 3, false, "one ends before"},
+        {"abc", "bc", -2, true, "tail"},
+        {"abc", "bcd", -2, false, "tail is all of b"},
+        {"abc", "", 0, true, "empty tail"},
+        {"abc", "c", 0, false, "empty tail against a text"},
+        {"abc", "abc", -4, false, "tail longer than the text"},
+        {nullptr, "a", 1, false, "null"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(StrLib::equal(c.a, c.b, c.n), c.same) << c.what;
+    EXPECT_TRUE(StrLib::iequal("file.TXT", ".txt", -4));
+    EXPECT_TRUE(StrLib::equal("abcd", 2, "ab"));
+    EXPECT_FALSE(StrLib::equal("abcd", 2, "abc"));
+    EXPECT_FALSE(StrLib::equal(nullptr, nullptr));
+}
+
+TEST(StrLib, FindsPlacesAndFields) {
+    EXPECT_EQ(StrLib::where("station", "tio"), 3);
+    EXPECT_EQ(StrLib::where("station", "oat"), -1);
+    EXPECT_EQ(StrLib::index("a-b-c", '-', 2), 3);
+    EXPECT_EQ(StrLib::index("a-b-c", '-', 3), -1);
+    EXPECT_EQ(StrLib::index("abc", '\0'), -1);
+    EXPECT_EQ(StrLib::lastIndex("a/b/c", '/'), 3);
+    EXPECT_EQ(StrLib::occurs("a,b,,", ','), 3);
+    EXPECT_TRUE(StrLib::hasToken("gif,png,ps", ',', "png"));
+    EXPECT_TRUE(StrLib::hasToken("gif,png,ps", ',', "ps"));
+    EXPECT_FALSE(StrLib::hasToken("gif,png,ps", ',', "pn"));
+    EXPECT_STREQ(StrLib::getField("  a  b c ", ' ', 1), "b c ");
+    EXPECT_EQ(StrLib::getField("  a  b c ", ' ', 3), nullptr);
+    EXPECT_EQ(StrLib::getChar("abc", 3), '\0');
+    EXPECT_EQ(StrLib::getChar("abc", -1), '\0');
+}
+
+TEST(StrLib, CopiesAreCutAndTerminated) {
+    char field[6];
+    std::memset(field, 'x', sizeof field);
+    StrLib::copy(field, 4, "abcdef");
+    EXPECT_STREQ(field, "abc");
+    EXPECT_EQ(field[4], 'x');
+    StrLib::append(field, sizeof field, "defg");
+    EXPECT_STREQ(field, "abcde");
+    EXPECT_EQ(StrLib::append(field, sizeof field, "h"), 1);
+    EXPECT_STREQ(field, "abcde");
+    StrLib::copy(field, 5, "abcdef", 2);
+    EXPECT_STREQ(field, "ab");
+    StrLib::copy(field, 5, "abcd", -2);
+    EXPECT_STREQ(field, "abc");
+    StrLib::aprintf(field, sizeof field, "%d", 123456);
+    EXPECT_STREQ(field, "abc12");
+    StrLib::copy(field, sizeof field, nullptr);
+    EXPECT_STREQ(field, "");
+    EXPECT_EQ(StrLib::copy(field, 0, "a"), 0);
+
+    const std::unique_ptr<char[]> copied(StrLib::acopy("abc", 2));
+    EXPECT_STREQ(copied.get(), "ab");
+    EXPECT_EQ(StrLib::acopy(nullptr), nullptr);
+}
+
+TEST(StrLib, ReadsDecimalNumbersOnly) {
+    const struct {
+        const char* text;
+        int whole;
+        float number;
+    } cases[] = {
+        {"12abc", 12, 12},
+        {"-7", -7, -7},
+        {"1e3", 1, 1000},
+        {".5", Const::MISS, 0.5f},
+        {"-.25x", Const::MISS, -0.25f},
+        {"0x1F", 0, 0},
+        {"inf", Const::MISS, Const::MISS},
+        {"nan", Const::MISS, Const::MISS},
+        {"-inf", Const::MISS, Const::MISS},
+        {"+3", Const::MISS, Const::MISS},
+        {" 3", Const::MISS, Const::MISS},
+        {"", Const::MISS, Const::MISS},
+        {"99999999999999999999", INT_MAX, 1e20f},
+        {"-99999999999999999999", INT_MIN, -1e20f},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(StrLib::getInt(c.text), c.whole) << c.text;
+        EXPECT_EQ(StrLib::getFloat(c.text), c.number) << c.text;
+    }
+    EXPECT_EQ(StrLib::toInt("lev 850", 3), 850);
+    EXPECT_EQ(StrLib::toInt("abc", 0), 0);
+    EXPECT_EQ(StrLib::toInt("abc", 4), Const::MISS);
+    EXPECT_EQ(StrLib::toFloat("x-2.5e1", 1), -25);
+}
+
+TEST(StrLib, EditsInPlace) {
+    char text[32] = "a_b_c";
+    StrLib::replace(text, '_', ' ');
+    EXPECT_STREQ(text, "a b c");
+    StrLib::splice(text, 2, 1, 4, "mmmm");
+    EXPECT_STREQ(text, "a mmmm c");
+    StrLib::splice(text, 1, 6, 0, "");
+    EXPECT_STREQ(text, "ac");
+    StrLib::splice(text, 2, 0, 2, "xy");
+    EXPECT_STREQ(text, "acxy");
+    EXPECT_EQ(StrLib::splice(text, 3, 2, 1, "z"), 0);
+    EXPECT_STREQ(text, "acxy");
+    EXPECT_EQ(StrLib::trimWS(nullptr), 0);
+}
+
+TEST(StrLib, ChecksByPattern) {
+    const struct {
+        const char *text, *pattern;
+        bool matches;
+    } cases[] = {
+        {"AB12", "aadd", true},  {"AB1", "aadd", false},
+        {"AB123", "aadd", true}, {"", "", true},
+        {"x", "", true},         {"", "c", false},
+        {"KORD", "uuuu", true},  {"KORd", "uuuu", false},
+        {"a1.", "AAp", true},    {"b3", "[abc][0123]", true},
+        {"d3", "[abc]d", false}, {"x", "[]", false},
+        {" \t", "bs", true},     {"\x01z", "cg", true},
+        {"1-2", "d-d", true},    {"1+2", "d-d", false},
+        {"\xE9", "a", false},    {"b", "[ab", true},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(StrLib::check(c.text, c.pattern), c.matches) << c.text << " by " << c.pattern;
+    EXPECT_FALSE(StrLib::check(nullptr, ""));
+}

@@ -1,0 +1,5 @@
+orv_fuzz(Format)
+orv_fuzz(ResrcCL)
+orv_fuzz(ResrcFile)
+orv_fuzz(Scan)
+orv_fuzz(Strings)
