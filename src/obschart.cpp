@@ -1,0 +1,32 @@
+#include "ORV/Orv.h"
+#include "ORV/OrvResrc.h"
+#include "ORV/Prog.h"
+#include "ORV/ResrcDB.h"
+#include "ORV/ResrcDBList.h"
+#include "ORV/Strings.h"
+
+using namespace ORV;
+
+namespace {
+/// The settings of this tool, in the order of its help.
+constexpr int keyed_settings[] = {
+    OrvResrc::BASE,    OrvResrc::PATH,   OrvResrc::DATABASE, OrvResrc::IO,         OrvResrc::FILE,
+    OrvResrc::CURRENT, OrvResrc::DOMAIN, OrvResrc::var_file, OrvResrc::variable,   OrvResrc::OBJECT,
+    OrvResrc::CONT,    OrvResrc::PLOT,   OrvResrc::COLOR,    OrvResrc::COLOR_CONT, OrvResrc::DEVICE,
+};
+} // namespace
+
+int main(int argc, char** argv) {
+    ResrcDBList keyed, positional;
+    for (const int setting : keyed_settings)
+        OrvResrc::add(keyed, setting);
+    OrvResrc::add(positional, OrvResrc::filename);
+
+    Strings args(argc, argv);
+    Prog::findDatabase();
+    ResrcDB::create(args, keyed, positional);
+    if (Prog::printHelp(keyed, positional, "This program plots surface data"))
+        Orv::exit(Orv::NOERR);
+    Prog::printProg("SURFACE PLOTTING PROGRAM");
+    return Orv::NOERR;
+}
