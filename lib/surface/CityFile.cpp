@@ -58,16 +58,18 @@ public:
         // The sign aside, a number begins with a digit or its point: no "inf", no "nan".
         const char* start = *pos == '+' ? pos + 1 : pos;
         const char* digits = *pos == '-' ? pos + 1 : start;
+        if (!isDigit(*digits) && *digits != '.')
+            return fail();
         const auto [stop, error] = std::from_chars(start, end, value);
-        if ((!isDigit(*digits) && *digits != '.') || error == std::errc::invalid_argument) {
-            failed = true;
-            return;
-        }
+        if (error == std::errc::invalid_argument)
+            return fail();
         pos = stop;
         count++;
     }
 
 private:
+    void fail() { failed = true; }
+
     bool skipBlanks() {
         while (pos < end && isBlank(*pos))
             pos++;

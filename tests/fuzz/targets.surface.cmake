@@ -1,0 +1,2 @@
+orv_fuzz(CityFile)
+orv_fuzz(CityQuery)

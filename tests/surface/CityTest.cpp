@@ -1,0 +1,392 @@
+#include "ORV/CityFile.h"
+#include "ORV/CityHash.h"
+#include "ORV/CityTool.h"
+#include "ORV/Domain.h"
+#include "ORV/EarthPoint.h"
+#include "ORV/Orv.h"
+#include "ORV/StatPrior.h"
+#include "ORV/Strings.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+using namespace ORV;
+
+namespace {
+const char small_db[] = ORV_TEST_DATA "/surface/db";
+
+class City : public testing::Test {
+protected:
+    City() { Orv::setDatabasePath(small_db); }
+    ~City() override {
+        Orv::resrc.clear();
+        Orv::setDatabasePath(nullptr);
+    }
+
+    static std::string write(const std::string& text) {
+        const std::string path = testing::TempDir() + "city_test.cty";
+        std::ofstream(path, std::ios::binary) << text;
+        return path;
+    }
+
+    static std::vector<CityData> readAll(const std::string& text) {
+        std::vector<CityData> found;
+        CityFile file(write(text).c_str());
+        CityData city;
+        while (file.read(city))
+            found.push_back(city);
+        return found;
+    }
+
+    /// Ten degrees square around 40 N 77 W.
+    Domain domain{"ll,40,-77,11,11,1,1"};
+};
+
+TEST_F(City, FieldsOfALine) {
+    const auto found = readAll("Fort_Nowhere CO US KXYZ 4 -39.5 104.25 9000 72469 17\n"
+                               "High -- -- KHGH *2 1 2 9001 99999\n");
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_STREQ(found[0].name, "Fort_Nowhere");
+    EXPECT_STREQ(found[0].state, "CO");
+    EXPECT_STREQ(found[0].region, "US");
+    EXPECT_STREQ(found[0].id, "KXYZ");
+    EXPECT_EQ(found[0].prior, 4);
+    EXPECT_EQ(found[0].lat, -39.5F);
+    EXPECT_EQ(found[0].lon, 104.25F);
+    EXPECT_EQ(found[0].el, 9000);
+    EXPECT_STREQ(found[0].wmo, "72469");
+    EXPECT_EQ(found[0].num, 17);
+    EXPECT_EQ(found[1].prior, 2) << "behind the mark";
+    EXPECT_EQ(found[1].el, Const::MISS);
+    EXPECT_STREQ(found[1].wmo, "");
+    EXPECT_EQ(found[1].num, 17) << "an absent number stays";
+}
+
+TEST_F(City, DamagedLinesDontTakeValuesOfTheLineBefore) {
+    const std::string good = "Good CO US KGUD 4 39 104 50 72469 17\n";
+    for (const char* line : {"Cut CO US KCUT 3\n", "Cut CO US KCUT 3 north 105 60 72470\n",
+                             "Cut CO US KCUT 3 inf 105 60 72470\n"}) {
+        const auto found = readAll(good + "\n   \n" + line + good);
+        ASSERT_EQ(found.size(), 3U) << line;
+        EXPECT_STREQ(found[1].id, "KCUT") << line;
+        EXPECT_EQ(found[1].lat, Const::MISS) << line;
+        EXPECT_STREQ(found[1].wmo, "") << line;
+        EXPECT_EQ(found[1].num, 0) << line;
+        EXPECT_EQ(found[2].lat, 39) << line;
+    }
+}
+
+TEST_F(City, WidthsCutFieldsAndLines) {
+    // What is too long for its field runs on into the next, as in any scan by widths.
+    auto found = readAll("Twenty_letters_and_moCO US KXYZ x 1 2 3 1234567 5\n");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_STREQ(found[0].name, "Twenty_letters_and_m");
+    EXPECT_STREQ(found[0].state, "oC");
+    found = readAll("A CO US KXYZ x 1 2 3 1234567 5\n");
+    EXPECT_EQ(found[0].prior, 9) << "no digit";
+    EXPECT_STREQ(found[0].wmo, "12345");
+
+    const std::string tail(300, 'z');
+    found = readAll("A CO US KXYZ 1 1 2 3 72469 5 " + tail + "\nB CO US KXYW 1 1 2 3 72468 5\n");
+    ASSERT_EQ(found.size(), 2U) << "the rest of a long line is no station";
+    EXPECT_STREQ(found[1].id, "KXYW");
+}
+
+TEST_F(City, MissingAndWrittenFiles) {
+    CityData city;
+    CityFile file("/nowhere/at.all");
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_EQ(file.read(city), 0);
+    EXPECT_EQ(file.open(write("").c_str(), 2), 0);
+    EXPECT_EQ(file.open(write(std::string(118, 'a')).c_str()), 1);
+    EXPECT_EQ(file.getNum(), 2) << "59 bytes a station";
+}
+
+TEST_F(City, TableHoldsTheStationsOfTheMap) {
+    CityHash table;
+    CityHashData found;
+    EXPECT_EQ(table.setup("none.such", domain, 8), 0);
+    EXPECT_EQ(table.setup("stations.cty", domain, 8), 1);
+    EXPECT_EQ(table.getNum(), 3);
+    EXPECT_EQ(table.get("KNEA", found), 1) << "within three grid steps";
+    EXPECT_EQ(table.get("CFAR", found), 0) << "off the map";
+    EXPECT_EQ(table.get("KHID", found), 0) << "priority 9";
+    EXPECT_EQ(table.setup("stations.cty"), 1);
+    EXPECT_EQ(table.getNum(), 5);
+    EXPECT_EQ(table.setup("none.such"), 0);
+    EXPECT_EQ(table.getNum(), 0) << "nothing is left of the last file";
+}
+
+TEST_F(City, TableIsFoundByEachKey) {
+    CityHash table("stations.cty");
+    class Row {
+    public:
+        const char* text;
+        const char* id; // null: not found
+    };
+    for (const Row& row : {Row{"KAAA", "KAAA"},
+                           {"72001", "KAAA"},
+                           {"72009", nullptr},
+                           {"K2001", "KAAA"},
+                           {"CY002", "CFAR"},
+                           {"bKAAA", nullptr},
+                           {"b72001", nullptr},
+                           {"kaaa", nullptr},
+                           {"K2001X", nullptr},
+                           {"", nullptr}}) {
+        CityHashData found;
+        EXPECT_EQ(table.get(row.text, found), row.id != nullptr) << row.text;
+        EXPECT_STREQ(found.getId(), row.id ? row.id : "") << row.text;
+    }
+    CityHashData found;
+    EXPECT_EQ(table.get(2, "  400  -770", found), 1);
+    EXPECT_STREQ(found.getId(), "KAAA");
+    EXPECT_EQ(table.get(0, "72001", found), 0);
+    EXPECT_EQ(table.get(1, "", found), 1) << "one of those without a number";
+}
+
+TEST_F(City, BLeadsToTheFiveCharactersBehindIt) {
+    CityHash table(write("A -- -- ABCDE 1 1 2 3 99999\n").c_str());
+    CityHashData found;
+    EXPECT_EQ(table.get("bABCDE", found), 1);
+    EXPECT_EQ(table.get("bABCD", found), 0);
+}
+
+TEST_F(City, PlaceKeysAreRoundedAsPrintfDoes) {
+    for (const auto& [lat, lon] : {std::pair{"0.04", "-0.04"},
+                                   {"-0.04", "0.25"},
+                                   {"89.96", "-179.96"},
+                                   {"12.35", "7.05"},
+                                   {"-1e30", "123456789"}}) {
+        char key[15];
+        std::snprintf(key, sizeof key, "%5.0f%6.0f", std::strtof(lat, nullptr) * 10,
+                      std::strtof(lon, nullptr) * 10);
+        CityHash table(
+            write(std::string("A -- -- KA 1 ") + lat + " " + lon + " 3 99999\n").c_str());
+        CityHashData found;
+        EXPECT_EQ(table.get(2, key, found), 1) << lat << " " << lon << " '" << key << "'";
+    }
+}
+
+TEST_F(City, SelectionResourceChoosesStations) {
+    Orv::putResrc("identifier", "P<0:Lat<41,Fifth_");
+    CityHash table;
+    table.setup("stations.cty", domain, 8);
+    EXPECT_EQ(table.getNum(), 2);
+    Orv::putResrc("identifier", "XXXX");
+    table.setup("stations.cty", domain, 8);
+    EXPECT_EQ(table.getNum(), 0);
+    table.setup("stations.cty");
+    EXPECT_EQ(table.getNum(), 5) << "the resource is for maps";
+}
+
+TEST_F(City, Query) {
+    CityData city;
+    std::snprintf(city.name, sizeof city.name, "Denver_Intl");
+    std::snprintf(city.state, sizeof city.state, "CO");
+    std::snprintf(city.region, sizeof city.region, "US");
+    std::snprintf(city.id, sizeof city.id, "KDEN");
+    std::snprintf(city.wmo, sizeof city.wmo, "72565");
+    city.prior = 2;
+    city.lat = 39.85F;
+    city.lon = -104.65F;
+    city.el = 1640;
+    class Row {
+    public:
+        const char* list;
+        int index;
+    };
+    for (const Row& row : {
+             Row{"", -1},
+             {"KDEN", 0},
+             {"kden", 0},
+             {"KDE", -1},
+             {"72565", 0},
+             {"7256", -1},
+             {"Denver", 0},
+             {"denve", 0},
+             {"Denv", -1},
+             {"Denver_Intl_X", -1},
+             {"X,Y,KDEN,Denver", 2},
+             {"Name=ver_I", 0},
+             {"name=ver_I", 0},
+             {"Name=Xver", -1},
+             {"st=co", 0},
+             {"ST=C", -1},
+             {"CN=US", 0},
+             {"RE=us", 0},
+             {"RE=CA", -1},
+             {"P=2", 0},
+             {"P=1", -1},
+             {"P<2", 0},
+             {"P<1", -1},
+             {"P>2", 0},
+             {"P>3", -1},
+             {"p<3", 0},
+             {"P<", -1},
+             {"P<x", -1},
+             {"Lat>39.8", 0},
+             {"Lat>39.9", -1},
+             {"lat<39.9", 0},
+             {"Lat<39.8", -1},
+             {"Lon>-105", 0},
+             {"Lon<-105", -1},
+             {"Elev>1640", 0},
+             {"Elev<1639", -1},
+             // Boulder, some 38 km off.
+             {"Ra<40.01:-105.04:45", 0},
+             {"Ra<40.01:-105.04:30", -1},
+             {"Ra<40.01:-105.04", -1},
+             {"Ra<", -1},
+             {"Ra<x:-105.04:45", -1},
+             {"ST=CO:P<2:Ra<40:-105:60:Lon<-100", 0},
+             {"ST=CO:P<1", -1},
+             {"ST=CO:XX", -1},
+             {"XX:ST=CO", -1},
+             {"ST=NM,ST=CO", 1},
+             {":", -1},
+         })
+        EXPECT_EQ(CityTool::compareData(Strings(row.list, ','), city), row.index) << row.list;
+
+    city.el = city.lat = Const::MISS;
+    for (const char* test : {"Elev<1639", "Lat<39.8", "Ra<40.01:-105.04:45"})
+        EXPECT_EQ(CityTool::compareData(Strings(test, ','), city), -1) << test << ", not known";
+}
+
+TEST_F(City, SearchTakesTheFirstStationThatAnswers) {
+    CityData city;
+    EXPECT_EQ(CityTool::search("stations.cty", "far_north", city), 1);
+    EXPECT_STREQ(city.id, "CFAR");
+    EXPECT_EQ(CityTool::search("stations.cty", "72001", city), 1);
+    EXPECT_STREQ(city.id, "KAAA");
+    EXPECT_EQ(CityTool::search("stations.cty", "", city), 0) << "not a station without a number";
+    EXPECT_EQ(CityTool::search("None", "KAAA", city), 0);
+
+    EarthPoint point(1, 2, 3);
+    EXPECT_EQ(CityTool::locate("stations.cty", "kbbb", point), 1);
+    EXPECT_EQ(point.lat, 41);
+    EXPECT_EQ(point.lon, -76);
+    EXPECT_EQ(point.elev, 50);
+    EXPECT_EQ(CityTool::locate("stations.cty", "XXXX", point), 0);
+    EXPECT_EQ(point.lat, Const::MISS);
+    Orv::putResrc("city_file", "stations.cty");
+    EXPECT_EQ(CityTool::locate(nullptr, "KBBB", point), 1);
+}
+
+TEST_F(City, CallLettersAndWmoNumbers) {
+    class Row {
+    public:
+        const char* wmo;
+        const char* id;
+    };
+    for (const Row& row : {Row{"72403", "K2403"},
+                           {"74001", "K4001"},
+                           {"3772", "EG772"},
+                           {"03950", "EI950"},
+                           {"29999", "U9999"},
+                           {"36870", "X6870"},
+                           {"50000", "Z0000"},
+                           {"94120", "Y4120"},
+                           {"91700", "N1700"},
+                           {"98999", "RP999"},
+                           {"999", "00999"},
+                           {"40200", "40200"},
+                           {"99000", "99000"},
+                           {"41159", "OB159"},
+                           {"text", "00000"},
+                           {"7240399", "72403"}}) {
+        char id[6];
+        EXPECT_EQ(CityTool::toId(row.wmo, id), 1);
+        EXPECT_STREQ(id, row.id) << row.wmo;
+    }
+    for (const Row& row : {Row{"72403", "K2403"},
+                           {"03772", "EG772"},
+                           {"29999", "U9999"},
+                           {"29999", "X9999"},
+                           {"94120", "Y4120"},
+                           {"50999", "Z9999"},
+                           {"40301", "OE301"},
+                           {"41299", "OE299"},
+                           {"00300", "OE300"},
+                           {"91700", "N1700"},
+                           {"00050", "DR050"},
+                           {"00123", "kq123"}}) {
+        char wmo[6];
+        EXPECT_EQ(CityTool::toWmo(row.id, wmo), 1) << row.id;
+        EXPECT_STREQ(wmo, row.wmo) << row.id;
+    }
+    for (const char* id : {"72403", "K240", "K24033", "KDEN1", "KQ1X3", ""}) {
+        char wmo[6];
+        EXPECT_EQ(CityTool::toWmo(id, wmo), 0) << id;
+    }
+}
+
+TEST(StatPrior, LimitFollowsTheHeightOfTheArea) {
+    class Row {
+    public:
+        float size;
+        int limit;
+    };
+    StatPrior prior;
+    for (const Row& row : {Row{100.5F, 0},
+                           {100, 1},
+                           {50, 2},
+                           {25.1F, 2},
+                           {12.5F, 4},
+                           {6.6F, 4},
+                           {6.5F, 5},
+                           {3.2F, 6},
+                           {1.6F, 7},
+                           {0, 7},
+                           {static_cast<float>(Const::MISS), 7}}) {
+        prior.setSize(row.size);
+        EXPECT_EQ(prior.get(), row.limit) << row.size;
+    }
+}
+
+TEST(StatPrior, TextMovesOrFixesTheLimit) {
+    class Row {
+    public:
+        const char* text;
+        int limit;
+        bool fixed;
+    };
+    StatPrior prior;
+    for (const Row& row : {Row{"+2", 3, false},
+                           {"-1", 0, false},
+                           {"-2", -1, false},
+                           {"6", 6, true},
+                           {"+", 1, false},
+                           {"all", 1, false},
+                           {"", 1, false}}) {
+        EXPECT_EQ(prior.set(60, row.text), 1);
+        EXPECT_EQ(prior.get(), row.limit) << row.text;
+        EXPECT_EQ(prior.fixed, row.fixed) << row.text;
+    }
+    prior.set(200, "-1");
+    EXPECT_FALSE(prior.check(0));
+    EXPECT_EQ(prior.set(60, nullptr), 0);
+    EXPECT_STREQ(prior.param, "-1");
+    prior.set(4);
+    EXPECT_TRUE(prior.check(4));
+    EXPECT_FALSE(prior.check(5));
+}
+
+TEST(StationList, HoldsEveryStationWithItsKeys) {
+    CityHash table(ORV_DATA "/sao.cty");
+    EXPECT_EQ(table.getNum(), 7443);
+    CityHashData washington;
+    ASSERT_EQ(table.get("72405", washington), 1);
+    EXPECT_STREQ(washington.getId(), "KDCA");
+    EXPECT_NEAR(washington.getLat(), 38.85, 0.01);
+    EXPECT_NEAR(washington.getLon(), -77.03, 0.01);
+    int main_stations = 0;
+    for (const char* found = table.first(); found; found = table.hash.next())
+        main_stations += reinterpret_cast<const CityHashData*>(found)->city.prior == 0;
+    EXPECT_EQ(main_stations, 207);
+}
+} // namespace

@@ -1,0 +1,274 @@
+#include "ORV/SfcRaw.h"
+
+#include "ORV/Datum.h"
+#include "ORV/Orv.h"
+#include "ORV/Raw.h"
+#include "ORV/SfcData.h"
+#include "ORV/SfcFile.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace ORV;
+
+namespace {
+TEST(Data, NewTableAndCellsOutside) {
+    Data data;
+    EXPECT_EQ(data.getFields(), 1);
+    for (const int row : {-1, 0, 399, 400, 100000}) {
+        EXPECT_EQ(data.getValue(row), Const::MISS) << row;
+        EXPECT_EQ(data.getString(row), nullptr) << row;
+        EXPECT_EQ(data.getId(row), nullptr) << row;
+        EXPECT_EQ(data.getLoc(row).lat, Const::MISS) << row;
+    }
+    EXPECT_EQ(data.setValue(-1, 5), 0);
+    EXPECT_EQ(data.setValue(0, 1, 5), 0) << "no such field";
+    EXPECT_EQ(data.getNum(), 0);
+    EXPECT_EQ(data.setType(0, 3), 0);
+    EXPECT_EQ(data.setValue(601, 5), 0) << "grows once, to 600 rows";
+    EXPECT_EQ(data.limit, 600);
+    EXPECT_STREQ(data.getUnits(7), "");
+    EXPECT_EQ(data.searchInfo("x"), -1);
+    EXPECT_EQ(data.getIndex("x"), -1);
+}
+
+TEST(Data, GrowthKeepsRowsAndEmptiesTheNewOnes) {
+    Data data(2);
+    data.setType(1, Data::STRINGS);
+    for (int row = 0; row < 1000; row++) {
+        data.setId(row, std::to_string(row).c_str());
+        data.setLoc(row, row, -row);
+        data.setValue(row, 0, row * 0.5F);
+        data.setString(row, 1, row % 2 ? "odd" : nullptr);
+    }
+    EXPECT_EQ(data.getNum(), 1000);
+    EXPECT_EQ(data.limit, 1350) << "400, 600, 900, 1350";
+    EXPECT_EQ(data.getIndex("901"), 901);
+    EXPECT_EQ(data.getLoc(901).lon, -901);
+    EXPECT_EQ(data.getValue(901, 0), 450.5F);
+    EXPECT_STREQ(data.getString(901, 1), "odd");
+    EXPECT_EQ(data.getString(900, 1), nullptr);
+    EXPECT_EQ(data.value[0][1200], Const::MISS);
+
+    const Data copy = data;
+    data.clear();
+    EXPECT_EQ(data.getNum(), 0);
+    EXPECT_EQ(data.getType(1), Data::STRINGS);
+    data.setId(5, "new");
+    EXPECT_EQ(data.getValue(3, 0), Const::MISS) << "what was cleared stays empty below a new row";
+    EXPECT_EQ(data.getId(3), nullptr);
+    EXPECT_EQ(copy.getValue(901, 0), 450.5F) << "a copy is its own";
+
+    data = copy;
+    data.expand(10);
+    EXPECT_EQ(data.getNum(), 10);
+    EXPECT_EQ(data.getValue(9, 0), 4.5F);
+    EXPECT_EQ(data.getValue(10, 0), Const::MISS);
+}
+
+TEST(Data, TypesOfFields) {
+    Data data(2);
+    data.setValue(0, 0, 1);
+    data.setType(0, Data::FLOATS);
+    EXPECT_EQ(data.getValue(0), Const::MISS) << "emptied";
+    data.setType(1, Data::STRINGS);
+    EXPECT_EQ(data.setValue(3, 1, 5), 0);
+    EXPECT_EQ(data.getNum(), 4) << "the row is used all the same";
+    EXPECT_EQ(data.setString(3, 0, "x"), 0);
+    EXPECT_EQ(data.setString(3, 1, "x"), 1);
+    EXPECT_EQ(data.getValue(3, 1), Const::MISS);
+}
+
+TEST(Data, RowsOfOtherTables) {
+    Data from(3);
+    from.setType(1, Data::STRINGS);
+    from.add("A", EarthPoint(1, 2), 10, 20);
+    from.setString(0, 1, "text");
+    from.setValue(0, 2, 30);
+    Data to(2);
+    to.setType(1, Data::STRINGS);
+    EXPECT_EQ(to.add(from, 0), 1);
+    EXPECT_EQ(to.add(from, 0, 1), 1);
+    EXPECT_EQ(to.add(from, 0, 2), 0) << "no third field here";
+    EXPECT_EQ(to.add(from, 1), 0);
+    ASSERT_EQ(to.getNum(), 2);
+    EXPECT_STREQ(to.getId(0), "A");
+    EXPECT_EQ(to.getLoc(0).lon, 2);
+    EXPECT_EQ(to.getValue(0, 0), 10);
+    EXPECT_STREQ(to.getString(0, 1), "text");
+    EXPECT_EQ(to.getValue(1, 0), Const::MISS) << "only the field asked for";
+    EXPECT_STREQ(to.getString(1, 1), "text");
+    EXPECT_EQ(to.add(to, 0), 1) << "of the table itself";
+    EXPECT_STREQ(to.getString(2, 1), "text");
+
+    Datum datum;
+    datum.set(3, 4, Datum::DATA, "word", "");
+    datum.setId("D");
+    datum.setValue(7, 8);
+    Data words;
+    words.setType(0, Data::STRINGS);
+    words.add(datum);
+    EXPECT_STREQ(words.getString(0), "word");
+    EXPECT_STREQ(words.getId(0), "D");
+}
+
+class SfcRawTest : public testing::Test {
+protected:
+    SfcRawTest() {
+        Orv::setDatabasePath(ORV_TEST_DATA "/surface/db");
+        Orv::putResrc("city_file", "stations.cty");
+    }
+    ~SfcRawTest() override {
+        Orv::resrc.clear();
+        Orv::setDatabasePath(nullptr);
+    }
+
+    static SfcData makeReport(const char* id, float t) {
+        SfcData report;
+        report.setId(id);
+        report.t = t;
+        report.dir = 180;
+        report.spd = 10;
+        return report;
+    }
+
+    /// An hour of reports: from the list under two names, from a ship, and three that have no place
+    /// on the map.
+    static std::string writeHour() {
+        const std::string path = testing::TempDir() + "sfcraw_test.sfc";
+        SfcFile file;
+        file.setDate(Date(2025, 1, 27, 12, 0, 0));
+        file.open(path.c_str(), 1, SfcFile::ORV);
+        file.write(makeReport("KAAA", 20));
+        file.write(makeReport("72001", 21));
+        file.write(makeReport("KBBB", 22));
+        SfcData ship = makeReport("SHIP", 23);
+        ship.setLoc(38, -75);
+        file.write(ship);
+        file.write(makeReport("XUNK", 24));
+        file.write(makeReport("CFAR", 25));
+        SfcData far_ship = makeReport("FARS", 26);
+        far_ship.setLoc(0, -30);
+        file.write(far_ship);
+        file.close();
+        return "@" + path;
+    }
+
+    static std::string ids(const Raw& raw) {
+        std::string all;
+        for (int row = 0; row < raw.getNum(); row++)
+            all += std::string(row ? " " : "") + raw.getId(row);
+        return all;
+    }
+
+    /// Ten degrees high, so that priorities up to 4 are plotted.
+    Domain domain{"ll,40,-77,11,11,1,1"};
+};
+
+TEST_F(SfcRawTest, StationsByPriority) {
+    class Row {
+    public:
+        const char* params;
+        const char* ids;
+    };
+    for (const Row& row : {Row{"", "KAAA 72001"},
+                           {"pr=+1", "KAAA 72001 KBBB SHIP"},
+                           {"pr=5", "KAAA 72001 KBBB SHIP"},
+                           {"loc_pr=3", "KAAA 72001 SHIP"},
+                           {"syn_id", "KAAA KAAA"},
+                           {"cf=none.such", ""},
+                           {"cf=none.such,loc_pr=0,value,pl=cf", "SHIP"}}) {
+        SfcRaw sfc;
+        sfc.setDomain(domain);
+        sfc.setVariable("temp");
+        sfc.setParam(row.params);
+        sfc.setFilename(writeHour().c_str());
+        Raw raw;
+        EXPECT_EQ(sfc.compute(raw), 1) << row.params;
+        EXPECT_EQ(ids(raw), row.ids) << row.params;
+    }
+}
+
+TEST_F(SfcRawTest, PlaceAndElevationOfAReport) {
+    SfcRaw sfc;
+    sfc.setDomain(domain);
+    sfc.createHash();
+    Datum datum;
+    SfcData report = makeReport("KAAA", 20);
+    EXPECT_TRUE(sfc.getInfo(report, datum));
+    EXPECT_EQ(datum.ept.lat, 40);
+    EXPECT_EQ(datum.ept.lon, -77);
+    EXPECT_EQ(report.elev, 100);
+
+    report.setLoc(41.5F, -78);
+    report.elev = 5;
+    EXPECT_TRUE(sfc.getInfo(report, datum));
+    EXPECT_EQ(datum.ept.lat, 41.5F) << "its own place";
+    EXPECT_EQ(report.elev, 100) << "the elevation of the list";
+
+    report = makeReport("SHIP", 20);
+    report.setLoc(38, -75);
+    EXPECT_FALSE(sfc.getInfo(report, datum)) << "default priority 5";
+    EXPECT_EQ(report.elev, 0);
+    EXPECT_STREQ(datum.id, "SHIP");
+}
+
+TEST_F(SfcRawTest, ColumnsTakeUnitsTextAndDescription) {
+    SfcRaw sfc("va=x,loc_pr=0");
+    sfc.setDomain(domain);
+    sfc.setVariable("temp[F],pres,id[,data],uwndg,vwndg");
+    sfc.setFilename(writeHour().c_str());
+    Raw raw;
+    ASSERT_EQ(sfc.compute(raw), 1);
+    ASSERT_EQ(raw.getFields(), 5);
+    ASSERT_EQ(raw.getNum(), 3);
+    EXPECT_NEAR(raw.getValue(0, 0), 68, 0.1);
+    EXPECT_EQ(raw.getValue(0, 1), Const::MISS);
+    EXPECT_STREQ(raw.getString(2, 2), "SHIP");
+    EXPECT_NEAR(raw.getValue(0, 3), 0, 1e-4);
+    EXPECT_NEAR(raw.getValue(0, 4), 5.144, 1e-3);
+    EXPECT_STREQ(raw.getUnits(0), "F");
+    EXPECT_STREQ(raw.getUnits(1), "mb");
+    EXPECT_STREQ(raw.getUnits(4), "m/s");
+    EXPECT_EQ(raw.vs[0].level.l1.type, 1) << "surface";
+    EXPECT_EQ(raw.vs[1].level.l1.type, 101) << "sea level";
+    EXPECT_NE(std::string(raw.getInfo(0)).find("Temperature"), std::string::npos);
+    EXPECT_EQ(raw.getDate().hour, 12);
+}
+
+TEST_F(SfcRawTest, WindsFollowTheGrid) {
+    SfcRaw sfc;
+    // North is up at 100 W, so 23 degrees further east a wind to the north leans to the left.
+    sfc.setDomain(Domain("ps:90:-100,40,-77,11,11,1,1"));
+    sfc.setVariable("wind");
+    sfc.setFilename(writeHour().c_str());
+    Raw raw;
+    ASSERT_EQ(sfc.compute(raw), 1);
+    ASSERT_EQ(raw.getFields(), 2) << "by its name in the variable file";
+    EXPECT_NEAR(raw.getValue(0, 0), -2.010, 0.01);
+    EXPECT_NEAR(raw.getValue(0, 1), 4.735, 0.01);
+
+    // A speed in knots is knots in the table.
+    sfc.setVariable("vwndg[knt]");
+    ASSERT_EQ(sfc.compute(raw), 1);
+    EXPECT_NEAR(raw.getValue(0, 0), 9.205, 0.02);
+    EXPECT_STREQ(raw.getUnits(0), "knt");
+}
+
+TEST_F(SfcRawTest, NothingToRead) {
+    SfcRaw sfc;
+    sfc.setDomain(domain);
+    Raw raw;
+    raw.add("old", EarthPoint(), 1);
+    sfc.setFilename(writeHour().c_str());
+    EXPECT_EQ(sfc.compute(raw), 0) << "no variables";
+    EXPECT_EQ(raw.getNum(), 0);
+    sfc.setVariable("temp");
+    sfc.setFilename("@/nowhere/at.all");
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(sfc.compute(raw), 0);
+    EXPECT_NE(testing::internal::GetCapturedStdout().find("Unable to open file: /nowhere/at.all"),
+              std::string::npos);
+}
+} // namespace
