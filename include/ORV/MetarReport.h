@@ -8,10 +8,11 @@ class MetarCache;
 
 /// One report of a METAR cache, in the units of a surface report.
 ///
-/// The columns of the cache give the values. The text of the report gives what they lack: tenths of
-/// a degree, tendency, extremes, precipitation and snow from its remarks; the sky when there is no
-/// cover, or a fifth layer; the visibility in metres. A variable wind has its speed and no
-/// direction. Values that can't be are missing.
+/// The columns of the cache give the values. The text of the report goes before them for the sky
+/// and the present weather, of which they hold four layers and no order, and for a temperature that
+/// is not theirs; it adds what its remarks tell, tenths of a degree, tendency, extremes,
+/// precipitation and snow, and a visibility in metres where there is no other. A variable wind has
+/// its speed and no direction. Values that can't be are missing.
 class MetarReport {
 public:
     /// Why a row can't be used.

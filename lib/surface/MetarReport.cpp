@@ -91,47 +91,51 @@ void readWind(const MetarCache& row, SfcData& data) {
         data.dir = miss;
 }
 
-void readWeather(const char* text, SfcData& data) {
-    std::string weather;
-    MetarText groups(text);
-    for (string_view group = groups.next(); !group.empty(); group = groups.next()) {
-        const bool good = std::all_of(group.begin(), group.end(), [](char c) {
-            return (c >= 'A' && c <= 'Z') || c == '+' || c == '-';
-        });
-        if (!good || weather.size() + 1 + group.size() >= sizeof data.weather)
-            continue;
-        weather += weather.empty() ? '!' : '_';
-        weather += group;
-    }
-    data.setWeather(weather.c_str());
+// Adds a group to the present weather, as long as there is room for the whole of it.
+void addWeather(string_view group, SfcData& data) {
+    const std::size_t length = std::strlen(data.weather);
+    if (length + 1 + group.size() >= sizeof data.weather)
+        return;
+    const std::string text = (length ? "_" : "!") + std::string(group);
+    StrLib::append(data.weather, sizeof data.weather, text.c_str());
 }
 
-// What the text of a report tells before its temperature, where the columns may say nothing.
+bool isWeather(string_view group) {
+    constexpr string_view codes = "MIPRBCDRBLSHTSFZDZRASNSGICPLPEGRGSUPBRFGFUVADUSAHZPYPOSQFCSSDS";
+    if (begins(group, "VC"))
+        group.remove_prefix(2);
+    else if (begins(group, "-") || begins(group, "+"))
+        group.remove_prefix(1);
+    if (group.empty() || group.size() % 2 != 0)
+        return false;
+    for (std::size_t i = 0; i < group.size(); i += 2) {
+        bool found = false;
+        for (std::size_t code = 0; code < codes.size() && !found; code += 2)
+            found = codes.substr(code, 2) == group.substr(i, 2);
+        if (!found)
+            return false;
+    }
+    return true;
+}
+
+// What the text of a report tells ahead of its remarks and its trend. The columns are made from it,
+// but not always well: they split a mixed weather, take the sky of a trend for that of the report,
+// and lose what is written in an unusual way.
 class Body {
 public:
-    SfcData sky;           // its cloud layers
+    SfcData data;          // sky, weather, temperatures in whole degrees
     float metres = miss;   // visibility
-    int qnh = Const::MISS; // mb, from behind the temperature
+    int qnh = Const::MISS; // mb
+    string_view ahead;     // the part ahead of the temperature, or of the pressure
 
     explicit Body(const char* raw_text);
 
 private:
+    bool readTemperature(string_view word);
+    bool readPressure(string_view word);
     bool readCloud(string_view word);
     void readVisibility(string_view word);
 };
-
-bool isTemperature(string_view word) {
-    const auto slash = word.find('/');
-    if (slash == string_view::npos)
-        return false;
-    const auto isPart = [](string_view part) {
-        if (!part.empty() && part[0] == 'M')
-            part.remove_prefix(1);
-        return part.size() == 2 && allDigits(part);
-    };
-    return isPart(word.substr(0, slash)) &&
-           (slash + 1 == word.size() || isPart(word.substr(slash + 1)));
-}
 
 bool isEnd(string_view word) {
     constexpr const char* ends[] = {"RMK", "TEMPO", "BECMG", "NOSIG"};
@@ -141,52 +145,124 @@ bool isEnd(string_view word) {
 Body::Body(const char* raw_text) {
     constexpr float ten_km = 10000;
     MetarText words(raw_text);
-    words.next(); // the station
-    bool before_temp = true;
+    words.next();        // the station
+    bool behind = false; // the temperature or the pressure, where nothing of the sky comes any more
     for (string_view word = words.next(); !word.empty() && !isEnd(word); word = words.next()) {
-        before_temp = before_temp && !isTemperature(word);
-        if (word.size() == 5 && word[0] == 'Q' && allDigits(word.substr(1)))
-            qnh = getNumber(word.substr(1));
-        if (!before_temp)
+        if (readTemperature(word) || readPressure(word))
+            behind = true;
+        if (behind)
             continue;
+        ahead = {raw_text, static_cast<std::size_t>(word.data() + word.size() - raw_text)};
         if (word == "CAVOK")
             metres = ten_km;
-        if (!readCloud(word))
+        if (isWeather(word))
+            addWeather(word, data);
+        else if (!readCloud(word))
             readVisibility(word);
     }
 }
 
+// "07/M01" or "07/"
+bool Body::readTemperature(string_view word) {
+    const auto slash = word.find('/');
+    if (slash == string_view::npos)
+        return false;
+    const auto read = [](string_view part, float& t) {
+        const bool minus = begins(part, "M");
+        const string_view digits = part.substr(minus ? 1 : 0);
+        if (digits.size() != 2 || !allDigits(digits))
+            return false;
+        t = static_cast<float>(minus ? -getNumber(digits) : getNumber(digits));
+        return true;
+    };
+    const string_view second = word.substr(slash + 1);
+    float t = miss, td = miss;
+    if (!read(word.substr(0, slash), t) || (!second.empty() && !read(second, td)))
+        return false;
+    if (!has(data.t)) {
+        data.t = t;
+        data.td = td;
+    }
+    return true;
+}
+
+// "Q1013" or "A2992"
+bool Body::readPressure(string_view word) {
+    if (word.size() != 5 || (word[0] != 'Q' && word[0] != 'A') || !allDigits(word.substr(1)))
+        return false;
+    if (word[0] == 'Q')
+        qnh = getNumber(word.substr(1));
+    return true;
+}
+
+// A layer, or several that are written without a blank.
 bool Body::readCloud(string_view word) {
+    constexpr const char* towers[] = {"CB", "TCU", "///"};
     for (const auto& row : cover_names) {
         if (!begins(word, row.name))
             continue;
-        const string_view rest = word.substr(std::strlen(row.name));
-        const bool clear = row.cover == 'C';
-        const bool height = rest.size() >= 3 && allDigits(rest.substr(0, 3));
-        if (clear ? !rest.empty() : !height && !begins(rest, "///"))
+        string_view rest = word.substr(std::strlen(row.name));
+        const string_view figures = rest.substr(0, 3);
+        const bool height = figures.size() == 3 && allDigits(figures);
+        if (row.cover == 'C' ? !rest.empty() : !height && figures != "///")
             return false;
-        const int layer = sky.num_cld;
+        const int layer = data.num_cld;
         if (layer < SfcData::max_cloud) {
-            sky.setCldCover(layer, row.cover);
+            data.setCldCover(layer, row.cover);
             if (height)
-                sky.setCldHeight(layer, getNumber(rest.substr(0, 3)) * 100.0f);
+                data.setCldHeight(layer, getNumber(figures) * 100.0f);
         }
+        rest.remove_prefix(figures.size());
+        for (const char* tower : towers)
+            if (begins(rest, tower))
+                rest.remove_prefix(std::strlen(tower));
+        readCloud(rest);
         return true;
     }
     return false;
 }
 
+// "4000" or "9999NDV"
 void Body::readVisibility(string_view word) {
     constexpr int ten_km_or_more = 9999;
-    const string_view rest = word.substr(std::min<std::size_t>(word.size(), 4));
-    if (has(metres) || !allDigits(word.substr(0, 4)) || word.size() < 4 ||
+    const string_view figures = word.substr(0, 4);
+    const string_view rest = word.substr(figures.size());
+    if (has(metres) || figures.size() != 4 || !allDigits(figures) ||
         (!rest.empty() && rest != "NDV"))
         return;
-    const int value = getNumber(word.substr(0, 4));
+    const int value = getNumber(figures);
     metres = value == ten_km_or_more ? 10000.0f : static_cast<float>(value);
 }
 
-void readColumnClouds(const MetarCache& row, SfcData& data) {
+// A column that is off by more than rounding was misread.
+void readTemperatures(const MetarCache& row, const Body& body, SfcData& data) {
+    constexpr float rounding = 0.6f;
+    const auto choose = [](float column, float text) {
+        return has(text) && !(std::fabs(column - text) < rounding) ? text : column;
+    };
+    data.t = choose(row.getFloat(MetarCache::TEMP), body.data.t);
+    data.td = choose(row.getFloat(MetarCache::DEWPOINT), body.data.td);
+}
+
+void readWeather(const MetarCache& row, const Body& body, SfcData& data) {
+    if (*body.data.weather) {
+        data.setWeather(body.data.weather);
+        return;
+    }
+    MetarText groups(row.get(MetarCache::WEATHER));
+    for (string_view group = groups.next(); !group.empty(); group = groups.next()) {
+        const bool there = body.ahead.empty() || body.ahead.find(group) != string_view::npos;
+        if (there && isWeather(group))
+            addWeather(group, data);
+    }
+}
+
+void readClouds(const MetarCache& row, const Body& body, SfcData& data) {
+    if (body.data.num_cld > 0) {
+        std::copy(std::begin(body.data.cloud), std::end(body.data.cloud), data.cloud);
+        data.num_cld = body.data.num_cld;
+        return;
+    }
     for (int i = 0; i < MetarCache::max_repeat && data.num_cld < SfcData::max_cloud; i++) {
         const char* text = row.get(MetarCache::COVER, i);
         for (const auto& cover : cover_names) {
@@ -200,19 +276,6 @@ void readColumnClouds(const MetarCache& row, SfcData& data) {
                 data.setCldHeight(layer, row.getFloat(MetarCache::BASE, i));
         }
     }
-}
-
-// The text counts when the columns have no layer, or when it goes on behind all of theirs.
-void readClouds(const MetarCache& row, const Body& body, SfcData& data) {
-    readColumnClouds(row, data);
-    if (body.sky.num_cld <= data.num_cld)
-        return;
-    for (int i = 0; i < data.num_cld; i++)
-        if (data.cloud[i].cover != body.sky.cloud[i].cover ||
-            data.cloud[i].height != body.sky.cloud[i].height)
-            return;
-    std::copy(std::begin(body.sky.cloud), std::end(body.sky.cloud), data.cloud);
-    data.num_cld = body.sky.num_cld;
 }
 
 void readPressure(const MetarCache& row, const Body& body, SfcData& data) {
@@ -246,6 +309,8 @@ void validate(SfcData& data) {
         data.spd = spd;
     if (snow_cov >= 0 && snow_cov <= max_snow)
         data.snow_cov = snow_cov;
+    if (!has(data.spd))
+        data.dir = data.gust = miss;
 }
 
 bool hasValue(const SfcData& data) {
@@ -272,13 +337,12 @@ MetarReport::Fault MetarReport::decode(const MetarCache& row) {
 
     const char* raw_text = row.get(MetarCache::RAW_TEXT);
     const Body body(raw_text);
-    data.t = row.getFloat(MetarCache::TEMP);
-    data.td = row.getFloat(MetarCache::DEWPOINT);
+    readTemperatures(row, body, data);
     readWind(row, data);
     data.vis = row.getFloat(MetarCache::VISIBILITY);
     if (!has(data.vis) && has(body.metres))
         data.vis = static_cast<float>(body.metres / metres_per_mile);
-    readWeather(row.get(MetarCache::WEATHER), data);
+    readWeather(row, body, data);
     readClouds(row, body, data);
     readPressure(row, body, data);
     validate(data); // before the remarks, which need the altimeter setting
