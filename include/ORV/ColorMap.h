@@ -47,7 +47,7 @@ public:
     /// Stores the device's value of a color; refused outside the table.
     int setValue(int ind, int value);
     /// A negative index counts as the first color. -1 when the table is empty.
-    int getValue(int ind) const;
+    int getValue(int ind);
     int getValue(const char* name);
 
     int getMax() const { return max; }

@@ -136,7 +136,7 @@ int ColorMap::setValue(int ind, int value) {
     return 1;
 }
 
-int ColorMap::getValue(int ind) const {
+int ColorMap::getValue(int ind) {
     const Color* color = find(std::max(ind, 0));
     return color ? color->value : -1;
 }

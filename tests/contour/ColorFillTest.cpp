@@ -1,0 +1,207 @@
+#include "ORV/ColorFill.h"
+
+#include "ORV/ColorFile.h"
+#include "ORV/Orv.h"
+#include "ORV/StrLib.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+using namespace ORV;
+
+namespace {
+class ColorFillTest : public testing::Test {
+protected:
+    ColorFillTest() : path(Orv::getDatabasePath()) {
+        std::filesystem::create_directories(folder);
+        Orv::setDatabasePath((folder + ":" ORV_DATA).c_str());
+        map.init(40);
+        for (int i = 0; i < 20; i++)
+            map.add(("c" + std::to_string(i)).c_str(), 0, 0, 0);
+        map.add("red", 1, 0, 0);
+        map.add("blue", 0, 0, 1);
+        map.add("green", 0, 1, 0);
+        map.setNumFill(20);
+    }
+    ~ColorFillTest() override {
+        Orv::setDatabasePath(path.c_str());
+        std::filesystem::remove_all(folder);
+    }
+    // The entries as "value:index".
+    static std::string entries(const ColorFill& fill) {
+        std::string all;
+        for (int i = 0; i < fill.getNum(); i++) {
+            char text[60];
+            const float v = fill.getValue(i);
+            std::snprintf(text, sizeof text, v == Const::MISS ? ":%d " : "%2$g:%1$d ",
+                          fill.getColor(i), v);
+            all += text;
+        }
+        return all;
+    }
+
+    std::string folder = testing::TempDir() + "orv_fill_test";
+    ColorMap map;
+
+private:
+    std::string path;
+};
+} // namespace
+
+TEST_F(ColorFillTest, ReadsStepTablesCyclesAndRanges) {
+    const struct {
+        const char* text;
+        const char* entries;
+    } cases[] = {
+        {"red,blue,green", ":20 :21 :22 "},
+        {"0:red,10:blue", "0:20 10:21 "},
+        {"0:red,green,10:blue", "0:20 5:22 10:21 "},
+        {"0:red,10:blue,green", "0:20 10:21 20:22 "}, // goes on in the last step
+        {"0:red,blue,green", "0:20 :21 :22 "},
+        {"red,5:blue", ":20 5:21 "}, // no first value: a cycle
+        {"10-15", ":10 :11 :12 :13 :14 :15 "},
+        {"15-10", ":15 :14 :13 :12 :11 :10 "},
+        {"c3-c5,red", ":3 :4 :5 :20 "},
+        {"-5:red", "-5:20 "},
+        {"-5:red,-.5:blue", "-5:20 -0.5:21 "},
+        {"12", ":12 "},
+        {"0:off,1:none:wi=2", "0:-1 1:-1 "},
+        {"0:red:wi=2, 5:blue", "0:20 5:21 "},
+        {"no_such_file", ""},
+        {"", ""},
+    };
+    for (const auto& c : cases) {
+        ColorFill fill(map, c.text);
+        EXPECT_EQ(entries(fill), c.entries) << c.text;
+    }
+    ColorFill range(map, "c2:wi=3-c4");
+    EXPECT_STREQ(range.getColorName(1), "3");
+    EXPECT_EQ(range.get(1).width, 3);
+}
+
+TEST_F(ColorFillTest, WithoutATextTakesTheScale) {
+    ColorFill fill(map, nullptr);
+    EXPECT_EQ(fill.getNum(), 20);
+    EXPECT_EQ(fill.getColor(7), 7);
+    EXPECT_STREQ(fill.getColorName(7), "c7");
+    EXPECT_FALSE(fill.areValuesSet());
+}
+
+TEST_F(ColorFillTest, FindsTheStepOfAValue) {
+    ColorFill fill(map, "0:red,10:blue,20:green");
+    const struct {
+        float value;
+        int ind, color;
+    } cases[] = {{5, 0, 20},  {0, 0, 20},    {10, 1, 21},  {19.99f, 1, 21},
+                 {20, 2, 22}, {1000, 2, 22}, {-1, -1, -1}, {Const::MISS, Const::MISS, -1}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(fill.getInd(c.value), c.ind) << c.value;
+        EXPECT_EQ(fill.getColor(c.value), c.color) << c.value;
+        EXPECT_EQ(fill.get(c.value).validColor(), c.color >= 0) << c.value;
+    }
+    EXPECT_EQ(ColorFill(map, "0:red").getInd(7.0f), 0);
+}
+
+TEST_F(ColorFillTest, GoesRoundItsCycleInBothDirections) {
+    ColorFill fill(map, "red,blue,green");
+    fill.setBase(0);
+    fill.setInterval(10);
+    const struct {
+        float value;
+        int ind;
+    } cases[] = {{0, 0},      {25, 2},    {30, 0},   {-5, 2},    {-10, 2},
+                 {-10.5f, 1}, {9.95f, 1}, {9.8f, 0}, {1e30f, -1}}; // any, but one of the table
+    for (const auto& c : cases) {
+        const int ind = fill.getInd(c.value);
+        EXPECT_GE(ind, 0) << c.value;
+        EXPECT_LT(ind, 3) << c.value;
+        if (c.ind >= 0) {
+            EXPECT_EQ(ind, c.ind) << c.value;
+        }
+    }
+    EXPECT_EQ(fill.getInd(INFINITY), 0);
+    fill.setInterval(0);
+    EXPECT_EQ(fill.getColor(99.0f), 20);
+    EXPECT_EQ(ColorFill().getInd(5.0f), Const::MISS);
+}
+
+TEST_F(ColorFillTest, SetsValuesForItsEntries) {
+    ColorFill fill(map, "red,blue,green");
+    const float values[] = {1, 2};
+    fill.setValues(values, 2);
+    EXPECT_EQ(entries(fill), "1:20 2:21 :22 ");
+    EXPECT_EQ(fill.getValue(-1), Const::MISS);
+    ColorFill copy = fill;
+    fill.init();
+    EXPECT_EQ(copy.getNum(), 3);
+    EXPECT_EQ(fill.getColorName(0), nullptr);
+    EXPECT_EQ(fill.getColor(0), -1);
+}
+
+TEST_F(ColorFillTest, KeepsToTheRoomOfItsTable) {
+    std::string text = "0:red";
+    for (int i = 1; i < 400; i++)
+        text += "," + std::to_string(i) + ":blue";
+    ColorFill fill(map, text.c_str());
+    EXPECT_EQ(fill.getNum(), 256);
+    EXPECT_EQ(fill.decode(map, "red"), 0);
+    EXPECT_EQ(ColorFill(map, "0-99999999999").getNum(), 256);
+    EXPECT_EQ(ColorFill(map, "99999999999-0,red").getNum(), 256);
+}
+
+TEST_F(ColorFillTest, ReadsAFile) {
+    std::ofstream(folder + "/a.fill") << "# comment\n@label deg C\n@other x\n\n  0:red,wi=2  \n"
+                                      << "blue\n10:green\n"
+                                      << "20:red:la=" << std::string(200, 'x') << "\n30:blue";
+    ColorFill fill;
+    EXPECT_EQ(fill.set(map, "a.fill"), 1);
+    EXPECT_EQ(entries(fill), "0:20 5:21 10:22 20:20 30:21 ");
+    EXPECT_STREQ(fill.getLabel(), "deg C");
+    EXPECT_EQ(fill.get(0).width, 2);
+    EXPECT_TRUE(fill.validLabel(3));
+    EXPECT_EQ(fill.set(map, "b.fill"), 0);
+    EXPECT_FALSE(fill.isSet());
+    ColorFill plain;
+    EXPECT_EQ(plain.set("a.fill"), 1);
+    EXPECT_EQ(plain.attr[0].color_ind, Const::MISS);
+}
+
+TEST_F(ColorFillTest, TheUsersFillWins) {
+    const Resrc before = Orv::resrc;
+    ColorFill fill;
+    EXPECT_EQ(fill.setFill(map, "red,blue"), 1);
+    EXPECT_EQ(fill.getNum(), 2);
+    Orv::resrc.set("color_fill", "Def");
+    EXPECT_EQ(fill.setFill(map, "red,blue"), 1);
+    Orv::resrc.set("color_fill", "0:green,1:red,2:blue");
+    EXPECT_EQ(fill.setFill(map, "red,blue"), 2);
+    EXPECT_EQ(fill.getNum(), 3);
+    Orv::resrc = before;
+}
+
+// Every fill file of the database has a label, rising values and colors that can be found.
+TEST_F(ColorFillTest, TheFillsOfTheDatabaseAreStepTables) {
+    ColorMap colors(512);
+    ASSERT_EQ(ColorFile::readFile(ORV_DATA "/orv.clr", colors), 1);
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(ORV_DATA)) {
+        if (entry.path().extension() != ".fill")
+            continue;
+        count++;
+        const std::string name = entry.path().filename();
+        ColorFill fill;
+        ASSERT_EQ(fill.set(colors, name.c_str()), 1) << name;
+        EXPECT_GT(fill.getNum(), 3) << name;
+        EXPECT_STRNE(fill.getLabel(), "") << name;
+        for (int i = 0; i < fill.getNum(); i++) {
+            EXPECT_TRUE(i == 0 || fill.value[i] > fill.value[i - 1]) << name << i;
+            EXPECT_TRUE(colors.isColor(fill.getColor(i)) ||
+                        StrLib::equal(fill.getColorName(i), "off"))
+                << name << " " << fill.getColorName(i);
+        }
+    }
+    EXPECT_GE(count, 8);
+}

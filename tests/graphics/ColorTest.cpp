@@ -1,0 +1,133 @@
+#include "ORV/ColorFile.h"
+#include "ORV/Orv.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+using namespace ORV;
+
+namespace {
+class ColorFileTest : public testing::Test {
+protected:
+    ~ColorFileTest() override { std::remove(path.c_str()); }
+    int read(const std::string& text) {
+        std::ofstream(path, std::ios::binary) << text;
+        return ColorFile::readFile(path.c_str(), map);
+    }
+    std::string path = testing::TempDir() + "orv_color_test.clr";
+    ColorMap map;
+};
+
+void expectColor(ColorMap& map, const char* name, float red, float grn, float blu) {
+    RGB c;
+    map.get(map.getInd(name), c);
+    EXPECT_NEAR(c.red, red, 1e-6) << name;
+    EXPECT_NEAR(c.grn, grn, 1e-6) << name;
+    EXPECT_NEAR(c.blu, blu, 1e-6) << name;
+}
+} // namespace
+
+TEST(ColorNames, GiveIndexes) {
+    ColorMap map;
+    map.add("red", 1, 0, 0);
+    map.add("sky", 0.5f, 0.7f, 1);
+    const struct {
+        const char* name;
+        int ind;
+    } cases[] = {
+        {"red", 0},        {"SKY", 1},     {nullptr, -9999}, {"", -9999},
+        {"End", -2},       {"none", -1},   {"OFF", -1},      {"back", -1},
+        {"pblk", 500},     {"ptgry", 508}, {"12", 12},       {"1sky", 1},
+        {"fog", -1},       {"#ff0000", 2}, {"#FF0000", 2},   {"#ff0000", 2},
+        {"#255128000", 3}, {"#ff00", -1},  {"#gg0000", -1},  {"99999999999999", 2147483647},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(map.getInd(c.name), c.ind) << (c.name ? c.name : "null");
+    expectColor(map, "#255128000", 1, 128 / 255.0f, 0);
+    map.add("12", 0, 0, 0);
+    EXPECT_EQ(map.getInd("12"), 4);
+    EXPECT_EQ(map.getNum(), 5);
+}
+
+TEST(ColorMap, AnIndexBeyondTheTableIsTheLastColor) {
+    ColorMap map(3);
+    float r, g, b;
+    EXPECT_EQ(map.getRGB(0, r, g, b), 0); // empty
+    EXPECT_EQ(map.getValue(0), -1);
+    map.add("a", 0, 0, 0);
+    map.add("b", 0.5f, 0.25f, 1);
+    map.setValue(1, 77);
+    EXPECT_EQ(map.setValue(2, 5), 0);
+    int ir, ig, ib;
+    map.getIRGB(500, ir, ig, ib);
+    EXPECT_EQ(ir * 1000000 + ig * 1000 + ib, 127063255);
+    EXPECT_EQ(map.getValue(500), 77);
+    EXPECT_EQ(map.getValue(-3), -1); // that of the first, not allocated
+    RGB off;
+    map.get(-1, off);
+    EXPECT_TRUE(off.isOff());
+    EXPECT_STREQ(map.getName(9), "b");
+    RGB near;
+    near.set(0.5f, 0.255f, 0.998f);
+    EXPECT_TRUE(map.isColorNear(1, near));
+    EXPECT_FALSE(map.isColorNear(0, near));
+    EXPECT_FALSE(map.isColorNear(-1, off));
+}
+
+TEST(ColorMap, RefusesMoreThanItHolds) {
+    ColorMap map(2);
+    EXPECT_EQ(map.add("a", 0, 0, 0), 0);
+    EXPECT_EQ(map.add("A", 0, 0, 0), 1); // names differ by case here
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(map.add("b", 0, 0, 0), -1);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Color map size exceeded 2 > 2\n");
+    ColorMap copy = map;
+    map.init();
+    EXPECT_EQ(copy.getNum(), 2);
+    EXPECT_EQ(map.getMax(), 2);
+    EXPECT_EQ(map.add("a", 1, 1, 1), 0);
+    EXPECT_EQ(map.getNum(), 1);
+}
+
+TEST_F(ColorFileTest, ReadsBothFormsOfALine) {
+    EXPECT_EQ(read("# colors\n  red 1 0 0\n3 rot #FF0000 \n\nhalf .5 0.5 2\n12 gray 0.5 0.5 0.5\n"
+                   "broken 1 0\nname\nend\nblack 0 0 0\nEND\nblack 0.1 0 0"),
+              1);
+    expectColor(map, "red", 1, 0, 0);
+    expectColor(map, "rot", 1, 0, 0);
+    expectColor(map, "half", 0.5f, 0.5f, 1);
+    expectColor(map, "gray", 0.5f, 0.5f, 0.5f);
+    expectColor(map, "black", 0.1f, 0, 0);
+    EXPECT_EQ(map.getNum(), 5);
+    EXPECT_EQ(map.getNumFill(), 4);
+}
+
+TEST_F(ColorFileTest, WithoutAnEndAllAreFillColors) {
+    map.init(0);
+    EXPECT_EQ(read("a 0 0 0\nb 1 1 1"), 1);
+    EXPECT_EQ(map.getMax(), 256);
+    EXPECT_EQ(map.getNumFill(), 2);
+    EXPECT_EQ(ColorFile::readFile("/no/such.clr", map), 0);
+    EXPECT_EQ(map.getNum(), 2);
+}
+
+TEST_F(ColorFileTest, WarnsOnceOfAFullTable) {
+    map.init(2);
+    testing::internal::CaptureStderr();
+    read("a 0 0 0\nb 0 0 0\nc 0 0 0\nd 0 0 0\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Color map size exceeded 2 > 2\n");
+}
+
+TEST_F(ColorFileTest, TheColorTableBeginsWithItsScale) {
+    const std::string before = Orv::getDatabasePath();
+    Orv::setDatabasePath(ORV_DATA);
+    EXPECT_EQ(ColorFile::read("orv.clr", map), 1);
+    Orv::setDatabasePath(before.c_str());
+    EXPECT_EQ(map.getNumFill(), 20);
+    for (const char* name :
+         {"white", "black", "red", "green", "blue", "yellow", "magenta", "orange"})
+        EXPECT_GE(map.getInd(name), map.getNumFill()) << name;
+    expectColor(map, "white", 1, 1, 1);
+}

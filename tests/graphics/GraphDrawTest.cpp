@@ -1,0 +1,124 @@
+#include "GraphFixture.h"
+
+using namespace ORV;
+
+using GraphDraw = GraphFixture;
+
+namespace {
+Points segment(float x1, float y1, float x2, float y2) {
+    Points points;
+    points.add(x1, y1);
+    points.add(x2, y2);
+    return points;
+}
+} // namespace
+
+TEST_F(GraphDraw, SendsOnlyWhatMayTouchTheWindow) {
+    openInPixels();
+    EXPECT_EQ(graph.drawLine(segment(-50, -50, -10, 600)), 0);
+    EXPECT_EQ(graph.drawLine(segment(1001, 0, 2000, 0)), 0);
+    Points one;
+    one.add(5, 5);
+    EXPECT_EQ(graph.drawLine(one), 0);
+    EXPECT_EQ(graph.drawFill(segment(0, 501, 9, 502)), 0);
+    EXPECT_EQ(device->take(), "");
+    EXPECT_EQ(graph.drawLine(segment(-50, -50, 5000, 600)), 1);
+    EXPECT_EQ(graph.drawLine(segment(1000, 500, 2000, 900)), 1); // at the corner
+    EXPECT_EQ(device->count("line 1"), 2);
+    graph.setWindow(Rect(1000, 500, 0, 0)); // axes that run the other way are no empty window
+    Rect reversed;
+    reversed.setu(1000, 500, 0, 0);
+    graph.setWindow(reversed);
+    EXPECT_EQ(graph.drawLine(segment(10, 10, 20, 20)), 1);
+}
+
+TEST_F(GraphDraw, DrawsRectanglesCirclesAndFills) {
+    openInPixels();
+    graph.drawRect(Rect(10, 20, 30, 40));
+    graph.drawFill(Rect(10, 20, 30, 40));
+    graph.drawLine(1, 2, 3, 4);
+    EXPECT_EQ(device->take(), "line 1 10.0,480.0 30.0,480.0 30.0,460.0 10.0,460.0 10.0,480.0\n"
+                              "fill 3 10.0,480.0 10.0,460.0 30.0,460.0 30.0,480.0 10.0,480.0\n"
+                              "line 1 1.0,498.0 3.0,496.0\n");
+    graph.drawCircle(100, 100, 10);
+    const std::string circle = device->take();
+    EXPECT_EQ(circle.rfind("line 1 100.0,390.0 100.9,390.0 101.7,390.2", 0), 0u) << circle;
+    EXPECT_EQ(std::count(circle.begin(), circle.end(), ','), 73);
+    Rect area(10, 20, 30, 40);
+    graph.clearRect(area);
+    EXPECT_EQ(device->take(), "clearrect 10.0 460.0 30.0 480.0\n");
+}
+
+TEST_F(GraphDraw, AShadowFallsBesideItsLine) {
+    openInPixels();
+    graph.setLineColor(9);
+    graph.setLineWidth(3);
+    graph.setDropShadow(2);
+    graph.setDropColor(5);
+    graph.setDropWidth(4);
+    device->calls.clear();
+    graph.drawLine(segment(10, 100, 20, 100));
+    EXPECT_EQ(device->take(), "color 1 5\nwidth 1 4.0\n"
+                              "line 1 11.0,401.0 21.0,401.0\nline 1 12.0,402.0 22.0,402.0\n"
+                              "width 1 3.0\ncolor 1 9\n"
+                              "line 1 10.0,400.0 20.0,400.0\n");
+}
+
+TEST_F(GraphDraw, DrawsTheShapesOfMarks) {
+    openInPixels();
+    const struct {
+        int type;
+        const char* calls;
+    } cases[] = {
+        {1, "line 2 100.0,400.0 101.0,400.0 101.0,399.0 100.0,399.0 100.0,400.0\n"},
+        {2, "line 2 95.0,400.0 105.0,400.0\nline 2 100.0,405.0 100.0,395.0\n"},
+        {3, "line 2 95.0,400.0 105.0,400.0\nline 2 95.0,405.0 105.0,395.0\n"
+            "line 2 100.0,395.0 100.0,405.0\nline 2 105.0,405.0 95.0,395.0\n"},
+        {4, "line 2 95.0,400.0 95.7,397.5 97.5,395.7 100.0,395.0 102.5,395.7 104.3,397.5 "
+            "105.0,400.0 104.3,402.5 102.5,404.3 100.0,405.0 97.5,404.3 95.7,402.5 "
+            "95.0,400.0\n"},
+        {5, "line 2 95.0,405.0 105.0,395.0\nline 2 105.0,405.0 95.0,395.0\n"},
+        {6, "line 2 95.0,395.0 105.0,395.0 105.0,405.0 95.0,405.0 95.0,395.0\n"},
+        {7, "line 2 95.0,405.0 105.0,405.0 100.0,395.0 95.0,405.0\n"},
+        {8, "line 2 100.0,400.0 100.5,399.5\n"},
+        {9, "line 2 95.0,395.0 105.0,395.0 100.0,405.0 95.0,395.0\n"},
+        {10, "line 2 100.0,395.0 102.5,400.0 97.5,400.0 100.0,405.0\n"},
+        {11, ""},
+    };
+    graph.setMarkSize(10);
+    for (const auto& c : cases) {
+        graph.setMarkType(c.type);
+        graph.drawMark(100, 100);
+        EXPECT_EQ(device->take(), c.calls) << "mark " << c.type;
+    }
+    graph.setDropShadow(2);
+    graph.setMarkType(8);
+    graph.drawMark(100, 100);
+    EXPECT_EQ(device->take(), "color 2 1\nline 2 100.0,400.0 100.5,399.5\n"
+                              "line 2 101.0,401.0 101.5,400.5\ncolor 2 1\n"
+                              "line 2 100.0,400.0 100.5,399.5\n");
+}
+
+TEST_F(GraphDraw, PlacesSymbolsByTheTextAlignment) {
+    openInPixels();
+    // "+BLSN"'s neighbour SQ is one open polyline between (0.1, 0.98) and (0.5, 0.02).
+    const struct {
+        int h, v;
+        float left, foot; // of the unit square
+    } cases[] = {
+        {1, 4, 100, 100}, {2, 3, 90, 90}, {3, 1, 80, 80}, {3, 2, 80, 80}, {0, 0, 100, 100}};
+    for (const auto& c : cases) {
+        graph.setTextAlign(c.h, c.v);
+        EXPECT_EQ(graph.drawSymbol(100, 100, "FG", 20), 1);
+        EXPECT_EQ(device->count("line 1"), 3);
+        float x = 0, y = 0;
+        ASSERT_EQ(std::sscanf(device->calls[0].c_str(), "line 1 %f,%f", &x, &y), 2);
+        EXPECT_GE(x, c.left);
+        EXPECT_LT(x, c.left + 10);
+        EXPECT_LE(500 - y, c.foot + 20);
+        EXPECT_GT(500 - y, c.foot + 10) << "the upper of the three lines of fog";
+        device->calls.clear();
+    }
+    EXPECT_EQ(graph.drawSymbol(100, 100, "nothing", 20), 0);
+    EXPECT_EQ(graph.drawSymbol(100, 100, nullptr, 20), 0);
+}

@@ -1,0 +1,188 @@
+#include "GraphFixture.h"
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace ORV;
+
+namespace {
+class GraphText : public GraphFixture {
+protected:
+    // The box of all strokes, in window units of openInPixels.
+    Rect drawn() {
+        Rect box;
+        box.setu(1e9f, 1e9f, -1e9f, -1e9f);
+        for (const auto& call : device->calls) {
+            if (call.rfind("line 4", 0) != 0)
+                continue;
+            float x, y;
+            int used = 0;
+            for (const char* at = call.c_str() + 6; std::sscanf(at, "%f,%f%n", &x, &y, &used) == 2;
+                 at += used) {
+                box.xmin = std::min(box.xmin, x);
+                box.xmax = std::max(box.xmax, x);
+                box.ymin = std::min(box.ymin, 500 - y);
+                box.ymax = std::max(box.ymax, 500 - y);
+            }
+        }
+        device->calls.clear();
+        return box;
+    }
+};
+constexpr double near = 0.11; // of the recorded digits
+} // namespace
+
+// "H" is 70 wide in the font and stands on the baseline; with a height of 105 a font unit is one
+// device unit.
+TEST_F(GraphText, PutsALineWhereItsAlignmentSays) {
+    openInPixels();
+    graph.setTextHeight(105);
+    const struct {
+        int h, v;
+        float left, foot;
+    } cases[] = {
+        {0, 0, 500, 200}, {1, 4, 500, 200}, {2, 0, 465, 200}, {3, 0, 430, 200},
+        {1, 1, 500, 75},  {1, 2, 500, 95},  {1, 3, 500, 150}, {1, 5, 500, 235},
+    };
+    for (const auto& c : cases) {
+        graph.setTextAlign(c.h, c.v);
+        graph.drawText(500, 200, "H");
+        const Rect box = drawn();
+        EXPECT_NEAR(box.xmin, c.left, near) << c.h;
+        EXPECT_NEAR(box.xmax, c.left + 70, near) << c.h;
+        EXPECT_NEAR(box.ymin, c.foot, near) << c.v;
+        EXPECT_NEAR(box.ymax, c.foot + 105, near) << c.v;
+    }
+}
+
+TEST_F(GraphText, StepsFromCharacterToCharacter) {
+    openInPixels();
+    graph.setTextHeight(105);
+    const struct {
+        const char* text;
+        float spacing, expansion, char_width, halign, left, right;
+    } cases[] = {
+        {
+            "HH",
+            0.25f,
+            1,
+            0,
+            1,
+            300,
+            465,
+        },                                // 70 + 25 + 70
+        {"HH", 0.25f, 2, 0, 1, 300, 630}, // all twice as wide
+        {"H H", 0, 1, 0, 1, 300, 480},    // 70 + 40 + 70
+        {"HH", 0.25f, 1, 1, 1, 315, 510}, // cells of 100, glyphs in their middle
+        {"HH", 0, 1, 0.8f, 1, 305, 455},  // narrow cells
+        {"HH", 0.25f, 1, 0, 2, 217.5f, 382.5f},
+        {"H\x01H", 0, 1, 0, 1, 300, 440}, // no glyph, no room
+    };
+    for (const auto& c : cases) {
+        graph.setTextSpacing(c.spacing);
+        graph.setTextExpansion(c.expansion);
+        graph.setTextCharWidth(c.char_width);
+        graph.setTextAlign(static_cast<int>(c.halign), 0);
+        graph.drawText(300, 200, c.text);
+        const Rect box = drawn();
+        EXPECT_NEAR(box.xmin, c.left, near) << c.text << " " << c.spacing;
+        EXPECT_NEAR(box.xmax, c.right, near) << c.text << " " << c.spacing;
+    }
+}
+
+TEST_F(GraphText, TurnsWithItsDirection) {
+    openInPixels();
+    graph.setTextHeight(105);
+    graph.setTextDirection(-3, 0); // stands up to the left: the text runs upward
+    EXPECT_FLOAT_EQ(graph.dir_x, -1);
+    graph.drawText(300, 200, "HH");
+    Rect box = drawn();
+    EXPECT_NEAR(box.xmin, 195, near);
+    EXPECT_NEAR(box.xmax, 300, near);
+    EXPECT_NEAR(box.ymin, 200, near);
+    EXPECT_NEAR(box.ymax, 365, near);
+    EXPECT_EQ(graph.setTextDirection(0, 0), 0);
+    EXPECT_FLOAT_EQ(graph.dir_x, -1);
+    graph.drawText(300, 200, "H\nH"); // the second line stands to the right of the first
+    graph.setTextAlign(0, 1);
+    device->calls.clear();
+    graph.drawText(300, 200, "H\nH");
+    box = drawn();
+    EXPECT_NEAR(box.xmax - box.xmin, 105 + 1.3 * 105, near);
+}
+
+TEST_F(GraphText, PlacesABlockOfLines) {
+    openInPixels();
+    graph.setTextHeight(10);
+    const struct {
+        const char* text;
+        int valign;
+        float lift; // of the first line, in steps of 13
+    } cases[] = {
+        {"H\nH\nH", 1, 0}, {"H\nH\nH", 2, 0}, {"H\nH\nH", 3, 1},   {"H\nH\nH\nH", 3, 1},
+        {"H\nH\nH", 0, 2}, {"H\nH\nH", 5, 2}, {"H\nH\nH\n", 4, 3},
+    };
+    for (const auto& c : cases) {
+        graph.setTextAlign(1, c.valign);
+        graph.drawText(300, 200, "H");
+        const float top = drawn().ymax;
+        graph.drawText(300, 200, c.text);
+        EXPECT_NEAR(drawn().ymax, top + 13 * c.lift, near) << c.valign << c.text;
+    }
+    graph.drawText(0, 200, std::string(150, 'H').c_str());
+    const int strokes = 3;
+    EXPECT_EQ(device->count("line 4"), 100 * strokes);
+}
+
+TEST_F(GraphText, LetsTheDeviceDrawItsOwnFonts) {
+    openInPixels();
+    graph.setTextHeight(20);
+    graph.setTextAlign(2, 3);
+    EXPECT_EQ(graph.setFont("#fixed_{5}_bold"), 1);
+    EXPECT_EQ(graph.font_type, 3);
+    graph.setTextHeight(40); // the size follows
+    graph.drawText(100, 100, "one\ntwo");
+    EXPECT_EQ(device->take(), "font fixed_10_bold\nfont fixed_20_bold\ntextalign 2 2\n"
+                              "text 100.0,400.0 one\ntext 100.0,452.0 two\n");
+    EXPECT_EQ(graph.setFont("#fixed"), 1);
+    EXPECT_EQ(graph.font_type, 2);
+    graph.setTextAlign(0, 0);
+    graph.setDropShadow(1);
+    device->calls.clear();
+    graph.drawText(100, 100, "x");
+    EXPECT_EQ(device->take(), "textalign 1 3\ncolor 4 1\ntext 100.0,400.0 x\ncolor 4 1\n"
+                              "text 100.0,400.0 x\n");
+}
+
+TEST_F(GraphText, FallsBackToTheModernFont) {
+    openInPixels();
+    for (const char* name : {"#none", "no_such.fnt"}) {
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(graph.setFont(name), 0);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  std::string("setFont: unable to load font: ") + name + ", using modern\n");
+        EXPECT_EQ(graph.font_type, 1);
+        EXPECT_TRUE(graph.font.setChar('H'));
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(graph.setFont(name), 0) << "the name in force";
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    }
+}
+
+TEST_F(GraphText, FindsFontsByTheirShortNames) {
+    openInPixels();
+    const int plain = graph.font.getWidth('m');
+    EXPECT_EQ(graph.setFont("bold"), 1);
+    EXPECT_STREQ(graph.font_spec, "bold.fnt");
+    EXPECT_NE(graph.font.getWidth('m'), plain);
+    EXPECT_EQ(graph.setFont("bold"), 0);
+    EXPECT_EQ(graph.setFont("modern.fnt"), 1);
+    EXPECT_EQ(graph.font.getWidth('m'), plain);
+}
+
+TEST_F(GraphText, HfontSendsEveryTextToTheDevice) {
+    openInPixels();
+    graph.hfont = 1;
+    graph.drawText(10, 10, "x");
+    EXPECT_EQ(device->take(), "textalign 1 3\ntext 10.0,490.0 x\n");
+}

@@ -1,0 +1,98 @@
+#include "ORV/Symbol.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <fstream>
+#include <memory>
+
+using namespace ORV;
+
+namespace {
+class SymbolTest : public testing::Test {
+protected:
+    ~SymbolTest() override { std::remove(path.c_str()); }
+    int read(const std::string& text) {
+        std::ofstream(path, std::ios::binary) << text;
+        return symbol->read(path.c_str());
+    }
+    // The steps of a symbol: points as they are, L and F.
+    std::string steps(const char* name) {
+        if (!symbol->setSymb(name))
+            return "none";
+        std::string all;
+        Point p;
+        while (const int step = symbol->get(p)) {
+            char text[60];
+            std::snprintf(text, sizeof text, "%g,%g ", p.x, p.y);
+            all += step == 1 ? text : step == 2 ? "L " : "F ";
+        }
+        return all;
+    }
+    std::string path = testing::TempDir() + "orv_symbol_test.smb";
+    std::unique_ptr<Symbol> symbol = std::make_unique<Symbol>();
+};
+} // namespace
+
+TEST_F(SymbolTest, ReadsPointsLinesAndFills) {
+    EXPECT_EQ(read("cloud 0.1,0.2 0.5,1 L\n0,0 .25 F $ end 1,1 0,1 Line $"), 1);
+    EXPECT_EQ(symbol->num, 2);
+    EXPECT_EQ(steps("cloud"), "0.1,0.2 0.5,1 L 0,0 0.25,0 F ");
+    EXPECT_EQ(steps("end"), "1,1 0,1 L ");
+    EXPECT_EQ(steps("none"), "none");
+    Point p;
+    EXPECT_EQ(symbol->get(p), 0);
+}
+
+TEST_F(SymbolTest, TheFirstNameThatBeginsTheTextIsTaken) {
+    read("cloud 1,0 L $ cloud2 2,0 L $ c 3,0 L $");
+    EXPECT_EQ(steps("cloud2"), "1,0 L ");
+    EXPECT_EQ(steps("cl"), "3,0 L ");
+    EXPECT_EQ(steps("Cloud"), "none");
+}
+
+TEST_F(SymbolTest, EndsWhatTheFileCutsAndKeepsItsLimits) {
+    read("a 1,0 2,0");
+    EXPECT_EQ(steps("a"), "1,0 2,0 ");
+    std::string many;
+    for (int i = 0; i < 300; i++)
+        many += "s" + std::to_string(1000 + i) + " 0,0 L $ ";
+    read(many);
+    EXPECT_EQ(symbol->num, 199);
+    EXPECT_EQ(steps("s1198"), "0,0 L ");
+    EXPECT_EQ(steps("s1199"), "none");
+    std::string points = "long ";
+    for (int i = 0; i < 6000; i++)
+        points += "0.5,0.5 ";
+    read(points + "$ next 1,1 $");
+    const std::string all = steps("long");
+    EXPECT_EQ(std::count(all.begin(), all.end(), ','), 4999);
+    EXPECT_EQ(steps("next"), "none");
+    read(std::string(100, 'n') + " inf,nan 1e99,0 L $");
+    EXPECT_EQ(std::strlen(symbol->names[0]), 14u);
+}
+
+TEST_F(SymbolTest, TellsOfAMissingFile) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(symbol->read("/no/such.smb"), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Symbol_read: unable to load symbol file: /no/such.smb\n");
+    EXPECT_EQ(steps("RA"), "none");
+}
+
+TEST_F(SymbolTest, EveryWeatherSymbolIsFoundByItsOwnName) {
+    ASSERT_EQ(symbol->read(ORV_DATA "/wx.smb"), 1);
+    EXPECT_GT(symbol->num, 150);
+    for (int i = 0; i < symbol->num; i++) {
+        ASSERT_EQ(symbol->setSymb(symbol->names[i]), 1);
+        EXPECT_EQ(symbol->cur, symbol->start[i]) << symbol->names[i];
+        Point p;
+        int strokes = 0, step;
+        while ((step = symbol->get(p)) != 0) {
+            strokes += step > 1;
+            EXPECT_TRUE(step > 1 || (p.x >= 0 && p.x <= 1 && p.y >= 0 && p.y <= 1))
+                << symbol->names[i];
+        }
+        EXPECT_GT(strokes, 0) << symbol->names[i];
+    }
+}

@@ -1,0 +1,105 @@
+#!/usr/bin/env python3
+"""Makes the vector fonts of data/ from Hershey stroke fonts in .jhf form.
+
+    make_fonts.py FOLDER_OF_JHF_FILES DATA_FOLDER
+
+A .jhf file has a line for each of the characters 32 to 127: 5 columns number, 3 columns count of
+pairs, then pairs of characters, each less 'R': first the bounds, then x and y with y downward, " R"
+lifting the pen. A long glyph may go on in further lines.
+
+The font file: "255 c" opens the glyph of c, pairs x y follow, 128 is added to the x of the first
+point of a stroke, "254" ends the file. One unit of the source is five of the font; the baseline is
+at 35, capitals reach 140.
+"""
+
+import pathlib
+import shutil
+import sys
+
+UNIT = 5
+TOP = 80  # font y of the source's middle line
+MOST_X = 125  # what the start mark of a stroke leaves room for
+SLANT = 0.22  # of the italic
+
+
+def read_glyphs(path):
+    """Gives {character: list of strokes, each a list of (x, y)} in units of the source."""
+    glyphs = {}
+    lines = path.read_text(encoding="latin-1").splitlines()
+    code = 32
+    at = 0
+    while at < len(lines) and code < 127:
+        count = int(lines[at][5:8])
+        body = lines[at][8:]
+        at += 1
+        while len(body) < 2 * count:
+            body += lines[at]
+            at += 1
+        strokes = [[]]
+        for i in range(2, 2 * count, 2):
+            if body[i : i + 2] == " R":
+                strokes.append([])
+            else:
+                strokes[-1].append((ord(body[i]) - 82, ord(body[i + 1]) - 82))
+        glyphs[chr(code)] = [s for s in strokes if len(s) > 1]
+        code += 1
+    return {c: strokes for c, strokes in glyphs.items() if strokes}
+
+
+def convert(strokes, slant=0.0):
+    """To font units, the leftmost point at 0."""
+    points = [[(UNIT * x, TOP - UNIT * y) for x, y in s] for s in strokes]
+    points = [[(x + slant * (y - 35), y) for x, y in s] for s in points]
+    left = min(x for s in points for x, _ in s)
+    return [[(round(x - left), y) for x, y in s] for s in points]
+
+
+def write_font(path, glyphs):
+    lines = []
+    total = 0
+    for c in sorted(glyphs):
+        numbers = []
+        for stroke in glyphs[c]:
+            for i, (x, y) in enumerate(stroke):
+                assert 0 <= x <= MOST_X, (path, c, x)
+                numbers.append(f"{x + (128 if i == 0 else 0)} {y}")
+                total += 1
+        total += 1
+        line = f"255 {c}"
+        for number in numbers:
+            if len(line) + len(number) > 96:
+                lines.append(line)
+                line = " "
+            line += " " + number
+        lines.append(line)
+    assert total < 7499, path
+    path.write_text("\n".join(lines) + "\n254\n", encoding="ascii")
+    print(f"{path.name}: {len(glyphs)} glyphs, {total} points")
+
+
+def lower_full_stop(strokes):
+    """The full stop of futural stands at half height: down to the baseline."""
+    low = max(y for s in strokes for _, y in s)
+    return [[(x, y + 9 - low) for x, y in s] for s in strokes]
+
+
+def main():
+    source, data = (pathlib.Path(a) for a in sys.argv[1:3])
+    roman = read_glyphs(source / "rowmans.jhf")
+    sans = read_glyphs(source / "futural.jhf")
+    bold = read_glyphs(source / "rowmand.jhf")
+    roman["^"] = sans["^"]
+    sans["."] = lower_full_stop(sans["."])
+    bold.setdefault("^", sans["^"])
+    fonts = {
+        "modern.fnt": (roman, 0.0),
+        "italic.fnt": (roman, SLANT),
+        "sans.fnt": (sans, 0.0),
+        "bold.fnt": (bold, 0.0),
+    }
+    for name, (glyphs, slant) in fonts.items():
+        write_font(data / name, {c: convert(s, slant) for c, s in glyphs.items()})
+    shutil.copy(source / "LICENSE.hershey.txt", data / "LICENSE.hershey.txt")
+
+
+main()
