@@ -3,7 +3,7 @@
 modern      modern.fnt
 bold        bold.fnt
 italic      italic.fnt
-sans        sans.fnt
+boldital    boldital.fnt
 roman       modern.fnt
 fixed       #fixed
 courier     #-*-courier-medium-r-normal--{13}-*-*-*-*-*-iso8859-1

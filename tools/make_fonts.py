@@ -19,7 +19,8 @@ import sys
 UNIT = 5
 TOP = 80  # font y of the source's middle line
 MOST_X = 125  # what the start mark of a stroke leaves room for
-SLANT = 0.22  # of the italic
+SLANT = 0.2  # of the italics
+CONDENSED = 0.92  # the slanted bold letters are made narrower, to keep to MOST_X
 
 
 def read_glyphs(path):
@@ -46,12 +47,13 @@ def read_glyphs(path):
     return {c: strokes for c, strokes in glyphs.items() if strokes}
 
 
-def convert(strokes, slant=0.0):
-    """To font units, the leftmost point at 0."""
-    points = [[(UNIT * x, TOP - UNIT * y) for x, y in s] for s in strokes]
+def convert(strokes, slant=0.0, stretch=1.0):
+    """To font units, the leftmost point of the upright glyph at 0, and none left of it."""
+    left = min(x for s in strokes for x, _ in s)
+    points = [[(UNIT * stretch * (x - left), TOP - UNIT * y) for x, y in s] for s in strokes]
     points = [[(x + slant * (y - 35), y) for x, y in s] for s in points]
-    left = min(x for s in points for x, _ in s)
-    return [[(round(x - left), y) for x, y in s] for s in points]
+    overhang = max(0.0, -min(x for s in points for x, _ in s))
+    return [[(round(x + overhang), y) for x, y in s] for s in points]
 
 
 def write_font(path, glyphs):
@@ -77,28 +79,20 @@ def write_font(path, glyphs):
     print(f"{path.name}: {len(glyphs)} glyphs, {total} points")
 
 
-def lower_full_stop(strokes):
-    """The full stop of futural stands at half height: down to the baseline."""
-    low = max(y for s in strokes for _, y in s)
-    return [[(x, y + 9 - low) for x, y in s] for s in strokes]
-
-
 def main():
     source, data = (pathlib.Path(a) for a in sys.argv[1:3])
     roman = read_glyphs(source / "rowmans.jhf")
-    sans = read_glyphs(source / "futural.jhf")
     bold = read_glyphs(source / "rowmand.jhf")
-    roman["^"] = sans["^"]
-    sans["."] = lower_full_stop(sans["."])
-    bold.setdefault("^", sans["^"])
+    # Their own "^" is an arrow.
+    roman["^"] = bold["^"] = read_glyphs(source / "futural.jhf")["^"]
     fonts = {
-        "modern.fnt": (roman, 0.0),
-        "italic.fnt": (roman, SLANT),
-        "sans.fnt": (sans, 0.0),
-        "bold.fnt": (bold, 0.0),
+        "modern.fnt": (roman, 0.0, 1.0),
+        "italic.fnt": (roman, SLANT, 1.0),
+        "bold.fnt": (bold, 0.0, 1.0),
+        "boldital.fnt": (bold, SLANT, CONDENSED),
     }
-    for name, (glyphs, slant) in fonts.items():
-        write_font(data / name, {c: convert(s, slant) for c, s in glyphs.items()})
+    for name, (glyphs, slant, stretch) in fonts.items():
+        write_font(data / name, {c: convert(s, slant, stretch) for c, s in glyphs.items()})
     shutil.copy(source / "LICENSE.hershey.txt", data / "LICENSE.hershey.txt")
 
 

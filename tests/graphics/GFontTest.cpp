@@ -81,7 +81,7 @@ TEST_F(FontTest, NamesDeviceFonts) {
 }
 
 TEST_F(FontTest, TheFontsOfTheDatabaseFillTheirCells) {
-    for (const char* name : {"modern.fnt", "bold.fnt", "italic.fnt", "sans.fnt"}) {
+    for (const char* name : {"modern.fnt", "bold.fnt", "italic.fnt", "boldital.fnt"}) {
         ASSERT_EQ(font->read((std::string(ORV_DATA "/") + name).c_str()), 1) << name;
         for (int c = '!'; c <= '~'; c++) {
             ASSERT_TRUE(font->setChar(static_cast<char>(c))) << name << " " << c;
