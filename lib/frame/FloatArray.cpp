@@ -5,11 +5,11 @@
 
 namespace ORV {
 namespace {
-constexpr int max_series = 100000; // values of one series
+constexpr int max_values = 100000; // of an array that series fill
 
 void addSeries(FloatArray& list, float first, float end, float step) {
     const auto passes_end = [=](float value) { return step < 0 ? value < end : value > end; };
-    for (int k = 0; k < max_series; k++) {
+    for (int k = 0; list.num < max_values; k++) {
         // From the start each time: a sum of float steps would lose the end of "0-1/0.1".
         const auto value = static_cast<float>(first + k * static_cast<double>(step));
         if (passes_end(value))
