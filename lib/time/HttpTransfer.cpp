@@ -139,6 +139,9 @@ std::size_t HttpTransfer::store(const char* bytes, std::size_t n) {
     if (!body || size == refused) // the page that comes with a refusal is no data
         return n;
     body->clearUsed();
+    const int needed = body->size + int(n);
+    if (needed > body->max) // by steps, many pieces would copy the bytes over and over
+        body->resize(2 * needed);
     return body->add(bytes, int(n)) ? n : 0;
 }
 

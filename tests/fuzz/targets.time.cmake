@@ -1,0 +1,3 @@
+orv_fuzz(DateTool)
+orv_fuzz(NameConv)
+orv_fuzz(Zlib)

@@ -1,0 +1,205 @@
+#include "ORV/Buffer.h"
+#include "ORV/Swap.h"
+#include "ORV/Zlib.h"
+
+#include "TempDir.h"
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace ORV;
+
+namespace {
+Buffer makeBuffer(const std::string& text) {
+    Buffer buffer(1);
+    buffer.add(text.data(), int(text.size()));
+    return buffer;
+}
+
+std::string getText(const Buffer& buffer) {
+    return buffer.size > 0 ? std::string(reinterpret_cast<char*>(buffer.get()), buffer.size) : "";
+}
+
+std::string compress(const std::string& text) {
+    Zlib zlib(0);
+    std::string out(text.size() + 100, 0);
+    zlib.set(text.data(), int(text.size()), out.data(), int(out.size()));
+    EXPECT_EQ(zlib.comp(Z_FINISH), Z_STREAM_END);
+    out.resize(out.size() - zlib.stream.avail_out);
+    return out;
+}
+} // namespace
+
+TEST(Buffer, GrowsWithRoomToSpare) {
+    Buffer buffer;
+    EXPECT_EQ(buffer.get(), nullptr);
+    buffer.add("abc", 3);
+    EXPECT_EQ(buffer.max, 2003);
+    const unsigned char* before = buffer.get();
+    for (int i = 0; i < 1000; i++)
+        buffer.add("de", 2);
+    EXPECT_EQ(buffer.get(), before) << "no new storage while there is room";
+    EXPECT_EQ(buffer.size, 2003);
+    buffer.add("f", 1);
+    EXPECT_EQ(buffer.max, 4004);
+    EXPECT_TRUE(buffer.equal(0, "abcde"));
+    EXPECT_TRUE(buffer.equal(-2, "ef"));
+    EXPECT_FALSE(buffer.equal(-1, "ef"));
+    EXPECT_EQ(buffer.add("x", -1), 0);
+    buffer.init(5);
+    EXPECT_EQ(buffer.size + buffer.max, 5);
+}
+
+TEST(Buffer, CursorMovesWithWhatIsRead) {
+    Buffer buffer = makeBuffer("one\ntwo\nthree");
+    char bytes[20] = "";
+    EXPECT_EQ(buffer.readLine(bytes, 20), 4);
+    EXPECT_EQ(std::string(bytes, 4), "one\n");
+    EXPECT_EQ(buffer.readLine(bytes, 2), 2) << "cut at the room";
+    EXPECT_EQ(buffer.get(0), 'o');
+    EXPECT_EQ(buffer.get(-2), 't');
+    EXPECT_EQ(buffer.get(100), 0);
+    EXPECT_EQ(buffer.skipLine(), 1);
+    EXPECT_EQ(buffer.getAvail(), 5);
+    EXPECT_EQ(buffer.read(nullptr, 2), 2);
+    EXPECT_EQ(buffer.read(bytes, 20), 3);
+    EXPECT_EQ(std::string(bytes, 3), "ree");
+    EXPECT_EQ(buffer.ind, buffer.size);
+    EXPECT_EQ(buffer.read(bytes, 20), 0);
+    EXPECT_EQ(buffer.skipLine(), 0);
+
+    EXPECT_EQ(buffer.seek(14), 0);
+    EXPECT_EQ(buffer.inc(1), 0);
+    EXPECT_EQ(buffer.inc(-5), 1);
+    const Buffer copy = buffer;
+    EXPECT_EQ(copy.ind, 0);
+    EXPECT_EQ(copy.max, buffer.max);
+    buffer.clearUsed();
+    EXPECT_EQ(getText(buffer), "three");
+    EXPECT_EQ(getText(copy), "one\ntwo\nthree");
+}
+
+TEST(Buffer, EditsInPlace) {
+    Buffer buffer = makeBuffer("abef");
+    EXPECT_EQ(buffer.insert(2, "cd", 2), 1);
+    EXPECT_EQ(buffer.insert(0, buffer), 1);
+    EXPECT_EQ(getText(buffer), "abcdefabcdef");
+    EXPECT_EQ(buffer.insert(13, "x", 1), 0);
+    buffer.seek(11);
+    EXPECT_EQ(buffer.trunc(-4), 1);
+    EXPECT_EQ(getText(buffer), "abcdefab");
+    EXPECT_EQ(buffer.ind, 7);
+    EXPECT_EQ(buffer.trunc(9), 0);
+    EXPECT_EQ(buffer.trunc(-9), 0);
+
+    Buffer out(3);
+    buffer.seek(1);
+    EXPECT_EQ(buffer.read(out), 3);
+    EXPECT_EQ(buffer.read(out), 0) << "no room";
+    EXPECT_EQ(getText(out), "bcd");
+    out.clear();
+    EXPECT_EQ(buffer.read(out, 2), 2);
+    EXPECT_EQ(getText(out), "ef");
+    EXPECT_EQ(buffer.ind, 6);
+}
+
+TEST(Swap, NumbersInEachByteOrder) {
+    const TempDir dir;
+    const std::string bytes(
+        "\0\0\1\0\x3f\x80\0\0\xff\xfe\xff\xfe\x40\x09\x21\xfb\x54\x44\x2d\x18\1", 21);
+    const std::string path = dir.write("big", bytes);
+    File file(path.c_str(), "r");
+    const Swap big(1);
+    int i4 = 0;
+    float f4 = 0;
+    short i2 = 0;
+    unsigned short u2 = 0;
+    double f8 = 0;
+    EXPECT_EQ(big.readInt4(file, i4), 4);
+    EXPECT_EQ(big.readFloat(file, f4), 4);
+    EXPECT_EQ(big.readInt2(file, i2), 2);
+    EXPECT_EQ(big.readUInt2(file, u2), 2);
+    EXPECT_EQ(big.readDouble(file, f8), 8);
+    EXPECT_EQ(i4, 256);
+    EXPECT_EQ(f4, 1);
+    EXPECT_EQ(i2, -2);
+    EXPECT_EQ(u2, 65534);
+    EXPECT_EQ(f8, 3.141592653589793);
+    EXPECT_EQ(big.readInt4(file, i4), 1) << "cut short";
+    EXPECT_EQ(i4, 256);
+
+    file.seek(0);
+    unsigned int u4 = 0;
+    EXPECT_EQ(Swap(2).readUInt4(file, u4), 4);
+    EXPECT_EQ(u4, 65536U);
+}
+
+TEST(Swap, OrdersAndArrays) {
+    EXPECT_EQ(Swap().swap, 1);
+    EXPECT_EQ(Swap(-1).swap, 0);
+    EXPECT_EQ(Swap(2).swap, 0);
+    EXPECT_EQ(Swap(7).swap, 1);
+    char bytes[] = "abcdefgh";
+    EXPECT_EQ(Swap(2).swap4(bytes), 0);
+    EXPECT_STREQ(bytes, "abcdefgh");
+    EXPECT_EQ(Swap(1).swap2(bytes, 3), 1);
+    EXPECT_STREQ(bytes, "badcfegh");
+    Swap(1).swap4(bytes, 2);
+    EXPECT_STREQ(bytes, "cdabhgef");
+    Swap(1).swap8(bytes);
+    EXPECT_STREQ(bytes, "feghbadc");
+}
+
+TEST(Swap, WritesWhatItReads) {
+    const TempDir dir;
+    File file((dir.path + "/out").c_str(), "w");
+    EXPECT_EQ(Swap(1).writeInt2(file, 258), 2);
+    EXPECT_EQ(Swap(2).writeInt4(file, 0x01020304), 4);
+    EXPECT_EQ(Swap(1).writeFloat(file, -2), 4);
+    EXPECT_EQ(file.close(), 1);
+    EXPECT_EQ(dir.read("out"), std::string("\1\2\4\3\2\1\xc0\0\0\0", 10));
+}
+
+TEST(Zlib, StreamsFollowEachOther) {
+    const std::string first(5000, 'a');
+    Buffer in = makeBuffer(compress(first) + compress("second"));
+    Buffer out(6000);
+    Zlib zlib;
+    EXPECT_EQ(zlib.decomp(in, out), Z_STREAM_END);
+    EXPECT_EQ(out.size, 5000);
+    EXPECT_EQ(zlib.decomp(in, out), Z_STREAM_END);
+    EXPECT_EQ(getText(out), first + "second");
+    EXPECT_EQ(in.getAvail(), 0);
+}
+
+TEST(Zlib, OutputInPieces) {
+    const std::string text(5000, 'b');
+    Buffer in = makeBuffer(compress(text));
+    Buffer out(1000);
+    Zlib zlib;
+    int size = 0;
+    int status = Z_OK;
+    for (int i = 0; i < 10 && status == Z_OK; i++) {
+        status = zlib.decomp(in, out);
+        size += out.size;
+        out.clear();
+    }
+    EXPECT_EQ(status, Z_STREAM_END);
+    EXPECT_EQ(size, 5000);
+}
+
+TEST(Zlib, BadInputAndWrongDirection) {
+    Zlib zlib;
+    Buffer in = makeBuffer("this is no stream");
+    Buffer out(100);
+    EXPECT_EQ(zlib.decomp(in, out), Z_DATA_ERROR);
+    EXPECT_EQ(out.size, 0);
+    EXPECT_EQ(zlib.comp(Z_FINISH), -1);
+    Zlib packer(0);
+    EXPECT_EQ(packer.decomp(), -1);
+    EXPECT_EQ(packer.decomp(in, out), -1);
+    EXPECT_EQ(packer.finish(), Z_OK);
+    EXPECT_EQ(packer.finish(), Z_OK) << "twice is harmless";
+    Buffer none;
+    EXPECT_EQ(Zlib().decomp(none, none), Z_BUF_ERROR);
+}

@@ -1,0 +1,233 @@
+#include "ORV/Date.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+using namespace ORV;
+
+namespace {
+constexpr int miss = Const::MISS;
+
+std::string write(const Date& date) {
+    String text;
+    date.toText(text);
+    return text.get();
+}
+
+std::string write(const char* format, const Date& date) {
+    String text;
+    date.toText(format, text);
+    return text.get();
+}
+} // namespace
+
+// Seconds by Python's calendar.timegm, day of the year and of the week by its datetime.
+TEST(Date, FieldsAndSecondsAgree) {
+    const struct {
+        int year, month, day, hour, min, sec;
+        long secs;
+        int jday, wday;
+    } cases[] = {
+        {1970, 1, 1, 0, 0, 0, 0, 1, 4},
+        {1972, 2, 29, 12, 0, 0, 68212800, 60, 2},
+        {1999, 12, 31, 23, 59, 59, 946684799, 365, 5},
+        {2000, 3, 1, 0, 0, 0, 951868800, 61, 3},
+        {2007, 1, 12, 18, 30, 15, 1168626615, 12, 5},
+        {2008, 12, 31, 6, 0, 0, 1230703200, 366, 3},
+        {2014, 12, 18, 7, 58, 0, 1418889480, 352, 4},
+        {1966, 7, 4, 1, 2, 3, -110329077, 185, 1},
+    };
+    for (const auto& c : cases) {
+        const Date fields(c.year, c.month, c.day, c.hour, c.min, float(c.sec));
+        EXPECT_EQ(fields.secs, c.secs) << c.year;
+        EXPECT_EQ(fields.jday, c.jday) << c.year;
+        EXPECT_EQ(fields.wday, c.wday) << c.year;
+        const Date secs(c.secs);
+        EXPECT_EQ(write("%Y%m%d%H%M%S", secs), write("%Y%m%d%H%M%S", fields)) << c.year;
+        EXPECT_EQ(secs.jday, c.jday) << c.year;
+    }
+}
+
+TEST(Date, SecondsCountWhatIsKnown) {
+    EXPECT_FALSE(Date().isSet());
+    EXPECT_EQ(Date(miss, miss, miss, 6, miss, miss).secs, 6 * 3600);
+    EXPECT_EQ(Date(miss, miss, 2, 0, 30, miss).secs, 86400 + 1800);
+    EXPECT_EQ(Date(2008, miss, miss, miss, miss, miss).secs, 1199145600) << "1 January 2008";
+    EXPECT_EQ(Date(2007, miss, 61, miss, miss, miss).month, 3) << "day of the year";
+    EXPECT_EQ(Date(2008, miss, 61, miss, miss, miss).day, 1) << "day of a leap year";
+}
+
+TEST(Date, BadFieldsAreRepaired) {
+    const struct {
+        DateVal given, repaired;
+    } cases[] = {
+        {{5, 13, 32, 24, 61, 60.5F}, {2005, 1, 1, 0, 0, 0}},
+        {{99, 0, 0, -1, -1, -1}, {1999, 1, 1, 0, 0, 0}},
+        {{-1, 12, 31, 23, 60, 60}, {1980, 12, 31, 23, 60, 60}},
+        {{107, miss, 3, miss, miss, NAN}, {2007, miss, 3, miss, miss, 0}},
+    };
+    for (const auto& c : cases) {
+        DateVal vals = c.given;
+        EXPECT_EQ(vals.validate(), 1);
+        EXPECT_EQ(vals.year, c.repaired.year);
+        EXPECT_EQ(vals.month, c.repaired.month) << vals.year;
+        EXPECT_EQ(vals.day, c.repaired.day) << vals.year;
+        EXPECT_EQ(vals.hour, c.repaired.hour) << vals.year;
+        EXPECT_EQ(vals.min, c.repaired.min) << vals.year;
+        EXPECT_EQ(vals.sec, c.repaired.sec) << vals.year;
+    }
+    DateVal nothing;
+    EXPECT_EQ(nothing.validate(), 0);
+    EXPECT_EQ(nothing.computeSecs(), miss);
+}
+
+TEST(Date, ReadsTexts) {
+    const struct {
+        const char* text;
+        const char* written;
+    } cases[] = {
+        {"20070112", "12 JAN 2007"},
+        {"200701", "XX JAN 2007"},
+        {"#200701121800", "18:00Z 12 JAN 2007"},
+        {"20070112183015", "18:30:15Z 12 JAN 2007"},
+        {"2007-01-12T18:00:00", "18:00:00Z 12 JAN 2007"},
+        {"2007-01-12", "12 JAN 2007"},
+        {"20070112_18", "18Z 12 JAN 2007"},
+        {"20070112_1830", "18:30Z 12 JAN 2007"},
+        {"20070112-6", "12 JAN 2007"},
+        {"noon", "XX XXX XXXX"},
+        {"", "XX XXX XXXX"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(write(Date(c.text)), c.written) << c.text;
+    EXPECT_GT(Date("current").secs, 1700000000);
+}
+
+TEST(Date, SettersRefuseWhatIsOutOfRange) {
+    Date date(2007, 1, 12, 18, 30, 0);
+    const long before = date.secs;
+    EXPECT_EQ(date.setMonth(13) + date.setDay(0) + date.setHour(24) + date.setMinute(60), 0);
+    EXPECT_EQ(date.setSecond(60), 0);
+    EXPECT_EQ(date.secs, before);
+    EXPECT_EQ(date.setHour(miss), 1);
+    EXPECT_EQ(date.secs, before - 18 * 3600);
+    date.setYear(99);
+    EXPECT_EQ(date.year, 1999);
+}
+
+TEST(Date, AddingKeepsWhatIsMissing) {
+    Date date(2007, 1, 31, 23, miss, miss);
+    date.addHours(6);
+    EXPECT_EQ(write(date), "05Z  1 FEB 2007");
+    date.addDays(-32);
+    EXPECT_EQ(write(date), "05Z 31 DEC 2006");
+    date.addMinutes(90);
+    EXPECT_EQ(write(date), "06Z 31 DEC 2006");
+    date.addYears(2);
+    EXPECT_EQ(write(date), "06Z 31 DEC 2008");
+    date.addMonths(2);
+    EXPECT_EQ(write(date), "06Z 31 FEB 2009");
+    date.addMonths(-27);
+    EXPECT_EQ(write(date), "06Z 31 NOV 2006");
+    date.addMonths(-11);
+    EXPECT_EQ(write(date), "06Z 31 DEC 2005");
+
+    Date month(2007, 12, miss, miss, miss, miss);
+    month.addDays(40);
+    EXPECT_EQ(write(month), "XX JAN 2008");
+
+    Date unset;
+    EXPECT_EQ(unset.addHours(6), 0);
+    EXPECT_FALSE(unset.isSet());
+    EXPECT_EQ(Date(2007, 1, 1, 0, 0, 0).addSeconds(1e30F), 0);
+}
+
+TEST(Date, HoursGoToTheNearestDay) {
+    const struct {
+        int at, hour;
+        const char* date;
+    } cases[] = {
+        {1, 23, "23Z 11 JAN 2007"}, {23, 1, "01Z 13 JAN 2007"}, {6, 12, "12Z 12 JAN 2007"},
+        {0, 12, "12Z 12 JAN 2007"}, {0, 13, "13Z 11 JAN 2007"}, {12, 0, "00Z 12 JAN 2007"},
+        {13, 0, "00Z 13 JAN 2007"},
+    };
+    for (const auto& c : cases) {
+        Date date(2007, 1, 12, c.at, miss, miss);
+        EXPECT_EQ(date.adjustHour(c.hour), 1);
+        EXPECT_EQ(write(date), c.date) << c.at << " to " << c.hour;
+    }
+}
+
+TEST(Date, DaysGoToTheNearestMonth) {
+    Date back(2007, 1, 1, 0, miss, miss);
+    EXPECT_EQ(back.adjustMinute(31, 23, 55), 1);
+    EXPECT_EQ(write(back), "23:55Z 31 DEC 2006");
+    Date forward(2006, 12, 31, 23, miss, miss);
+    EXPECT_EQ(forward.adjustHour(1, 0), 1);
+    EXPECT_EQ(write(forward), "00Z  1 JAN 2007");
+    Date same(2007, 1, 12, 18, miss, miss);
+    EXPECT_EQ(same.adjustHour(11, 23), 1);
+    EXPECT_EQ(write(same), "23Z 11 JAN 2007");
+
+    EXPECT_EQ(same.adjustHour(24), 0);
+    EXPECT_EQ(same.adjustHour(32, 0), 0);
+    EXPECT_EQ(write(same), "23Z 11 JAN 2007") << "bad values change nothing";
+    Date day(2007, 1, 12, miss, miss, miss);
+    day.adjustSecond(23, 5, 30);
+    EXPECT_EQ(write(day), "23:05:30Z 12 JAN 2007") << "no hour to be near to";
+}
+
+TEST(Date, FixLeavesTheHourOpen) {
+    Date date(2007, miss, miss, miss, miss, miss);
+    date.fix();
+    EXPECT_EQ(write("%Y%m%d %H %M%S", date), "20070101 XX 0000");
+}
+
+TEST(Date, ZonesShiftTheFields) {
+    Date date(2007, 1, 12, 3, miss, miss);
+    date.changeTimezone(-5 * 3600, "EASTERN");
+    EXPECT_EQ(write(date), "22EAS 11 JAN 2007");
+    date.changeTimezone(9 * 3600, "JST");
+    EXPECT_EQ(write(date), "12JST 12 JAN 2007");
+    date += 3600;
+    EXPECT_EQ(write("%H%M%Z", date), "1300JST");
+}
+
+TEST(Date, WritesEachDirective) {
+    const Date date(2007, 1, 2, 13, 4, 5.678F);
+    EXPECT_EQ(write("%Y|%y|%m|%d|%e|%H|%l|%p|%M|%S|%s|%j|%a|%b|%u|%Z|%%|%q", date),
+              "2007|07|01|02| 2|13|01|PM|04|06|05.6780|  2|TUE|JAN|2|Z|%|q");
+    EXPECT_EQ(write("%Y|%y|%m|%d|%e|%H|%l|%p|%M|%S|%s|%j|%a|%b|%u|%", Date()),
+              "XXXX|XX|XX|XX|XX|XX|XX|XX|XX|XX|XX.XXXX|XXX|XXX|XXX|X|");
+    EXPECT_EQ(write("%l%p %l%p", Date(2007, 1, 2, 0, 0, 0)), "12AM 12AM");
+    EXPECT_EQ(write("%l%p", Date(2007, 1, 2, 12, 0, 0)), "12PM");
+    EXPECT_EQ(write("%s", Date(2007, 1, 2, 12, 0, 45.25F)), "45.2500");
+    EXPECT_EQ(write("RFC1123", date), "02 JAN 2007 13:04:06 Z");
+    EXPECT_EQ(write("ISO8601", date), "2007-01-02T13:04:06Z");
+}
+
+TEST(Date, PrintsWithMissingFields) {
+    testing::internal::CaptureStdout();
+    Date(2007, 1, 2, 3, 4, 5.5F).print();
+    Date(miss, 1, miss, 3, miss, miss).print();
+    Date(2007, 1, 2, 3, 4, 15.25F).print();
+    std::fflush(stdout);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "2007/01/02 03:04:05.500MMMM/01/MM 03:MM:MM2007/01/02 03:04:15.250");
+}
+
+TEST(Date, GregorianLeapYears) {
+    EXPECT_TRUE(Date::isYearLeap(2000));
+    EXPECT_TRUE(Date::isYearLeap(2008));
+    EXPECT_FALSE(Date::isYearLeap(1900));
+    int month = 7;
+    int day = 7;
+    EXPECT_EQ(Date::setJulian(2007, 366, month, day), 0);
+    EXPECT_EQ(month * 100 + day, 707);
+    EXPECT_EQ(Date::setJulian(2008, 366, month, day), 1);
+    EXPECT_EQ(month * 100 + day, 1231);
+    EXPECT_EQ(Date::setJulian(2007, 31, month, day), 1);
+    EXPECT_EQ(month * 100 + day, 131);
+}

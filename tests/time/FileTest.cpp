@@ -1,0 +1,238 @@
+#include "ORV/File.h"
+
+#include "ORV/FileTool.h"
+
+#include "TempDir.h"
+#include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <string>
+
+using namespace ORV;
+
+namespace {
+std::string find(const char* list, const char* name, int expected) {
+    String out;
+    EXPECT_EQ(FileTool::addPath(list, name, out), expected) << name;
+    return out.get();
+}
+
+std::string getElement(const char* list, int i) {
+    String out;
+    return FileTool::getPath(list, i, out) ? out.get() : "none";
+}
+} // namespace
+
+TEST(File, LinesOfAPlainFile) {
+    const TempDir dir;
+    File file(dir.write("lines", "first\n\nlonger line\nlast").c_str(), "r");
+    ASSERT_TRUE(file.isOpen());
+    char line[8];
+    std::string pieces;
+    for (int n; (n = file.getLine(line, sizeof line)) > 0;) {
+        EXPECT_EQ(n, int(std::string(line).size()));
+        pieces += std::string(line) + "|";
+    }
+    EXPECT_EQ(pieces, "first\n|\n|longer |line\n|last|");
+
+    EXPECT_EQ(file.rewind(), 1);
+    EXPECT_EQ(file.skipLine(), 1);
+    EXPECT_EQ(file.skipLine(), 1);
+    String text(8);
+    EXPECT_EQ(file.getLine(text), 7);
+    EXPECT_EQ(text.length(), 7);
+    EXPECT_STREQ(text.get(), "longer ");
+    file.endFile();
+    EXPECT_EQ(file.tell(), 23);
+    EXPECT_EQ(file.skipLine(), 0);
+}
+
+TEST(File, ZeroBytesDontEndTheLines) {
+    const TempDir dir;
+    File file(dir.write("zeros", std::string("\0\0\nab\0c\nd\n", 10)).c_str(), "r");
+    char line[20];
+    EXPECT_EQ(file.getLine(line, sizeof line), 1);
+    EXPECT_EQ(file.getLine(line, sizeof line), 2);
+    EXPECT_STREQ(line, "ab");
+    EXPECT_EQ(file.getLine(line, sizeof line), 2);
+    EXPECT_STREQ(line, "d\n");
+    EXPECT_EQ(file.getLine(line, sizeof line), 0);
+}
+
+TEST(File, BlocksOfAPlainFile) {
+    const TempDir dir;
+    File file(dir.write("bytes", "0123456789").c_str(), 0);
+    char bytes[10];
+    EXPECT_EQ(file.read(bytes, 2, 3), 3);
+    EXPECT_EQ(file.seek(-1, SEEK_CUR), 1);
+    Buffer buffer(3);
+    EXPECT_EQ(file.read(buffer), 3);
+    EXPECT_TRUE(buffer.equal(0, "567"));
+    EXPECT_EQ(file.read(buffer), 0) << "no room";
+    EXPECT_EQ(file.read(buffer, 2000000000), 5) << "a count far beyond the file";
+    EXPECT_LT(buffer.max, 10000000);
+    buffer.init(3);
+    EXPECT_EQ(file.read(buffer), -1);
+    EXPECT_EQ(file.read(bytes, -1), 0);
+    int number = 0;
+    file.rewind();
+    EXPECT_EQ(file.scanf("%3d", &number), 1);
+    EXPECT_EQ(number, 12);
+}
+
+TEST(File, WritesAndAppends) {
+    const TempDir dir;
+    const std::string path = dir.path + "/a/new/folder/out";
+    File file(path.c_str(), "w");
+    ASSERT_TRUE(file.isOpen());
+    EXPECT_EQ(file.printf("%s %d\n", "value", 5), 8);
+    EXPECT_EQ(file.open(path.c_str(), 2), 1) << "closes the one before";
+    EXPECT_EQ(file.write("more", 4), 4);
+    EXPECT_EQ(file.close(), 1);
+    EXPECT_EQ(dir.read("a/new/folder/out"), "value 5\nmore");
+    EXPECT_EQ(file.printf("x"), -1);
+    EXPECT_EQ(file.write("x", 1), -1);
+}
+
+TEST(File, LostOutputShows) {
+    File full("/dev/full", "w");
+    ASSERT_TRUE(full.isOpen());
+    full.printf("text");
+    EXPECT_EQ(full.close(), 0);
+}
+
+TEST(File, PipesWriteOnly) {
+    const TempDir dir;
+    for (const bool bar : {true, false}) {
+        const std::string command = "cat > " + dir.path + "/piped";
+        File file((bar ? "|" + command : command).c_str(), bar ? "w" : "pw");
+        ASSERT_TRUE(file.isOpen());
+        EXPECT_EQ(file.type, 1);
+        char line[10];
+        EXPECT_EQ(file.getLine(line, sizeof line), 0);
+        EXPECT_EQ(file.read(line, 5), -1);
+        EXPECT_EQ(file.rewind(), 0);
+        file.printf("to the %s", bar ? "bar" : "mode");
+        EXPECT_EQ(file.close(), 1);
+        EXPECT_EQ(dir.read("piped"), bar ? "to the bar" : "to the mode");
+    }
+}
+
+TEST(File, StandardStreamsStayOpen) {
+    testing::internal::CaptureStdout();
+    {
+        File out("-", "w");
+        EXPECT_EQ(out.stype, 1);
+        out.printf("one ");
+    }
+    File again("STD", "w");
+    again.printf("two");
+    again.close();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "one two");
+    File in("-", "r");
+    EXPECT_EQ(in.getFP(), stdin);
+    EXPECT_EQ(in.rewind(), 0);
+    in.close();
+    EXPECT_GE(fileno(stdin), 0);
+}
+
+TEST(File, WhatCantBeOpened) {
+    const TempDir dir;
+    File file;
+    EXPECT_EQ(file.open((dir.path + "/absent").c_str(), "r"), 0);
+    EXPECT_EQ(file.open(dir.path.c_str(), "r"), 0) << "a folder";
+    EXPECT_EQ(file.open(dir.path.c_str(), 3), 0) << "no mode";
+    EXPECT_EQ(file.open("", "r"), 0);
+    EXPECT_FALSE(file.isOpen());
+    char line[10];
+    EXPECT_EQ(file.getLine(line, sizeof line), 0);
+    EXPECT_EQ(file.read(line, 5), -1);
+    EXPECT_EQ(file.skipLine(), 0);
+}
+
+TEST(FileTool, PathLists) {
+    EXPECT_EQ(FileTool::numPath("/a:/b"), 2);
+    EXPECT_EQ(FileTool::numPath("http://a/b:/c"), 2);
+    EXPECT_EQ(FileTool::numPath(""), 1);
+    EXPECT_EQ(FileTool::numPath("http://host:8080/b:http://other:80:/c"), 3);
+    EXPECT_EQ(getElement("http://host:8080/b:http://other:80:/c", 0), "http://host:8080/b");
+    EXPECT_EQ(getElement("http://host:8080/b:http://other:80:/c", 1), "http://other:80");
+    EXPECT_EQ(getElement("/a:/b", 1), "/b");
+    EXPECT_EQ(getElement("/a:/b", 2), "none");
+    EXPECT_EQ(getElement("/a:", 1), "");
+    EXPECT_EQ(getElement("", 0), "none");
+}
+
+TEST(FileTool, FindsAlongAList) {
+    const TempDir dir;
+    const std::string path = dir.write("b/f", "x");
+    const std::string list = dir.path + "/a:" + dir.path + "/b:" + dir.path + "/c";
+    EXPECT_EQ(find(list.c_str(), "f", 1), path);
+    EXPECT_EQ(find(list.c_str(), "g", 0), dir.path + "/c/g");
+    EXPECT_EQ(find(list.c_str(), path.c_str(), 1), path);
+    EXPECT_EQ(find(list.c_str(), "./f", 0), "./f");
+    EXPECT_EQ(find(list.c_str(), "-", 1), "-");
+    EXPECT_EQ(find("", "f", 0), "f");
+    EXPECT_EQ(FileTool::checkPath(list.c_str(), "f"), 1);
+
+    String out("new");
+    EXPECT_EQ(FileTool::addOutPath(list.c_str(), out.get(), out), 1);
+    EXPECT_EQ(out.get(), dir.path + "/b/new");
+    EXPECT_EQ(FileTool::addOutPath("/no/such:/neither", "new", out), 0);
+    EXPECT_STREQ(out.get(), "/neither/new");
+}
+
+TEST(FileTool, QuestionsAboutNames) {
+    const TempDir dir;
+    const std::string path = dir.write("f", "12345");
+    EXPECT_EQ(FileTool::getSize(path.c_str()), 5);
+    EXPECT_NEAR(double(FileTool::getModTime(path.c_str())), double(time(nullptr)), 100);
+    EXPECT_TRUE(FileTool::isFile(path.c_str()));
+    EXPECT_TRUE(FileTool::isDir(dir.path.c_str()));
+    EXPECT_TRUE(FileTool::isDevice("/dev/null"));
+    EXPECT_FALSE(FileTool::isFifo(path.c_str()));
+    EXPECT_EQ(FileTool::remove(path.c_str()), 1);
+    EXPECT_EQ(FileTool::remove(dir.path.c_str()), 0) << "no folder";
+    EXPECT_FALSE(FileTool::exist(path.c_str()));
+    EXPECT_EQ(FileTool::getSize(path.c_str()), -1);
+    EXPECT_EQ(FileTool::getModTime(path.c_str()), -1);
+    EXPECT_TRUE(FileTool::exist("stdN"));
+    EXPECT_FALSE(FileTool::exist(nullptr));
+    EXPECT_FALSE(FileTool::isStdio("stdin"));
+    EXPECT_TRUE(FileTool::isFullPath("~/x"));
+    EXPECT_TRUE(FileTool::isFullPath("http://x"));
+    EXPECT_FALSE(FileTool::isFullPath("x/y"));
+}
+
+TEST(FileTool, HomeDirectories) {
+    const passwd* me = getpwuid(getuid());
+    ASSERT_NE(me, nullptr);
+    const std::string home = me->pw_dir;
+    const std::string user = me->pw_name;
+    const struct {
+        std::string name, path;
+    } cases[] = {
+        {"~/x", home + "/x"},
+        {"~", home},
+        {"~" + user + "/x", home + "/x"},
+        {"~no_such_user_here/x", "~no_such_user_here/x"},
+        {"/a/~/x", "/a/~/x"},
+    };
+    for (const auto& c : cases) {
+        String out;
+        FileTool::addUserPath(c.name.c_str(), out);
+        EXPECT_EQ(out.get(), c.path);
+    }
+}
+
+TEST(FileTool, MakesTheFoldersOfAPath) {
+    const TempDir dir;
+    FileTool::makeDir((dir.path + "/a\\b/file").c_str());
+    EXPECT_TRUE(FileTool::isDir((dir.path + "/a/b").c_str()));
+    EXPECT_FALSE(FileTool::exist((dir.path + "/a/b/file").c_str()));
+    FileTool::makeDir((dir.path + "/c/d/").c_str());
+    EXPECT_TRUE(FileTool::isDir((dir.path + "/c/d").c_str()));
+    FileTool::makeDir((dir.path + "/" + std::string(300, 'x') + "/y").c_str());
+    EXPECT_FALSE(FileTool::isDir((dir.path + "/" + std::string(150, 'x')).c_str()));
+}

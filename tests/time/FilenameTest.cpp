@@ -1,0 +1,234 @@
+#include "ORV/Filename.h"
+
+#include "ORV/Orv.h"
+
+#include "TempDir.h"
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+using namespace ORV;
+
+namespace {
+std::string write(const Date& date) {
+    String text;
+    date.toText("%Y%m%d_%H%M", text);
+    return text.get();
+}
+} // namespace
+
+/// Hourly files of 11 and 16 UTC; it is 18:30.
+class FilenameCase : public testing::Test {
+protected:
+    void SetUp() override {
+        setenv("orvcurtime", "200701121830", 1);
+        Orv::putResrc("data_path", dir.path.c_str());
+        dir.write("2007011216.dat", "data");
+        dir.write("2007011211.dat", "data");
+        files.setNameConv("@%D/%Y%m%d%h.dat");
+    }
+    void TearDown() override {
+        unsetenv("orvcurtime");
+        Orv::resrc = before;
+        Orv::init_time = Const::MISS;
+    }
+    std::string name() const {
+        const std::string text = files.getName();
+        const std::size_t length = dir.path.size() + 1;
+        return text.compare(0, length, dir.path + "/") == 0 ? text.substr(length) : text;
+    }
+
+    TempDir dir;
+    Resrc before = Orv::resrc;
+    Filename files;
+};
+
+TEST_F(FilenameCase, MeaningOfAnInput) {
+    const std::string path = dir.path + "/2007011211.dat";
+    const struct {
+        std::string text;
+        const char* name;
+        bool fixed, exists;
+        const char* base;
+    } cases[] = {
+        {"la", "2007011216.dat", false, true, "20070112_1600"},
+        {"LA-5", "2007011211.dat", false, true, "20070112_1100"},
+        {"cu", "2007011218.dat", false, false, "20070112_1800"},
+        {"cu-7", "2007011211.dat", false, true, "20070112_1100"},
+        {"CU=2", "2007011216.dat", false, true, "20070112_1600"},
+        {"#2007011211", "2007011211.dat", false, true, "20070112_1100"},
+        {"2007011211.dat", "2007011211.dat", false, true, "20070112_1100"},
+        {path, "2007011211.dat", false, true, "20070112_1100"},
+        {"@la", "la", true, false, nullptr},
+        {"STD", "-", true, true, nullptr},
+        {"foo.dat", "foo.dat", true, false, nullptr},
+    };
+    for (const auto& c : cases) {
+        files.hdr.set("header");
+        EXPECT_EQ(files.setFile(c.text.c_str()), c.exists) << c.text;
+        EXPECT_EQ(name(), c.name) << c.text;
+        EXPECT_EQ(files.isFixed(), c.fixed) << c.text;
+        EXPECT_FALSE(files.validHeader()) << c.text;
+        if (c.base) {
+            EXPECT_EQ(write(files.base_date), c.base) << c.text;
+        }
+    }
+}
+
+TEST_F(FilenameCase, WithoutAConventionAllIsLiteral) {
+    Filename plain;
+    EXPECT_EQ(plain.setFile("la"), 0);
+    EXPECT_STREQ(plain.getName(), "la");
+    EXPECT_TRUE(plain.isFixed());
+    EXPECT_TRUE(plain.isSet());
+    EXPECT_EQ(plain.setFile(0), 1);
+    EXPECT_EQ(plain.setFile(1), 0);
+
+    files.setNameConv("@/obs/%Y%m%d.dat");
+    files.setFile("/obs/20070112.dat");
+    EXPECT_TRUE(files.isFixed()) << "two full paths";
+    EXPECT_EQ(Filename(dir.path.c_str()).exist(), true);
+}
+
+TEST_F(FilenameCase, AConventionWithoutTimeIsFixed) {
+    files.setNameConv("@%D/newest.dat");
+    files.setFile("newest.dat");
+    EXPECT_EQ(name(), "newest.dat");
+    EXPECT_TRUE(files.isFixed());
+}
+
+TEST_F(FilenameCase, SeveralFilesAreFrames) {
+    EXPECT_EQ(files.setFile("a,b,c"), 0);
+    EXPECT_EQ(files.getNumFiles(), 3);
+    EXPECT_EQ(files.getNumType(), 2);
+    EXPECT_EQ(files.setFile(1), 1);
+    EXPECT_STREQ(files.getName(), "b");
+    EXPECT_STREQ(files.getName(2), "c");
+    EXPECT_EQ(files.setFile(3), 0);
+    files.setFile("la");
+    EXPECT_EQ(files.getNumFiles(), 1) << "the list is gone";
+    EXPECT_EQ(files.getNumType(), 0);
+    files.setFile("la,nh=-5:00,2");
+    EXPECT_EQ(files.getNumFiles(), 3);
+    EXPECT_EQ(files.getNumType(), 0);
+    EXPECT_EQ(files.getOffset(), 7200);
+    EXPECT_EQ(name(), "2007011216.dat");
+}
+
+TEST_F(FilenameCase, SelectsFromTheResources) {
+    EXPECT_EQ(files.setFile(), 1);
+    EXPECT_EQ(name(), "2007011216.dat") << "the latest, when nothing is said";
+    Orv::putResrc("current", "4la");
+    EXPECT_EQ(files.setFile(), 1);
+    EXPECT_EQ(name(), "2007011211.dat");
+    Orv::putResrc("filename", "@%D/%Y%m%d%2h.dat");
+    Orv::putResrc("current", "1la");
+    EXPECT_EQ(files.setFile(), 1);
+    EXPECT_EQ(files.getOffset(), 7200) << "the file name is a convention";
+    EXPECT_EQ(name(), "2007011216.dat");
+}
+
+TEST_F(FilenameCase, NamesOfTheCommandLineComeInLines) {
+    Orv::putResrc("filename", "a,1.dat\nb\nnh=3");
+    EXPECT_EQ(files.setFile(), 0);
+    EXPECT_EQ(files.getNumFiles(), 3);
+    EXPECT_STREQ(files.getName(), "a,1.dat");
+    EXPECT_EQ(files.setFile(2), 1);
+    EXPECT_STREQ(files.getName(), "nh=3") << "no entry of hours in the resource";
+    EXPECT_EQ(files.setFile(""), 0);
+    EXPECT_EQ(files.getNumFiles(), 3);
+    EXPECT_STREQ(files.getName(), "a,1.dat");
+}
+
+TEST_F(FilenameCase, FramesCountFromTheBaseDate) {
+    const struct {
+        const char* text;
+        int count, last;
+        const char* first_name;
+        const char* last_name;
+    } cases[] = {
+        {"6", 7, 6, "2007011216.dat", "2007011222.dat"},
+        {"-6", 7, 6, "2007011210.dat", "2007011216.dat"},
+        {"-6,3", 3, 2, "2007011210.dat", "2007011216.dat"},
+        {":90,:30", 4, 3, "2007011216.dat", "2007011217.dat"},
+        {"2-1", 4, 3, "2007011217.dat", "2007011220.dat"},
+        {"2-0:30,0", 3, 2, "2007011216.dat", "2007011216.dat"},
+        {"0", 1, 0, "2007011216.dat", "2007011216.dat"},
+    };
+    for (const auto& c : cases) {
+        files.setFile("la");
+        EXPECT_EQ(files.setNumFiles(c.text), 1);
+        EXPECT_EQ(files.getNumFiles(), c.count) << c.text;
+        EXPECT_EQ(files.setFile(0), 1);
+        EXPECT_EQ(name(), c.first_name) << c.text;
+        EXPECT_EQ(files.setFile(c.last), 1);
+        EXPECT_EQ(name(), c.last_name) << c.text;
+        EXPECT_EQ(files.setFile(c.count), 0) << c.text;
+    }
+    EXPECT_EQ(files.setNumFiles(nullptr), 0);
+    files.setNumFiles("99999999999:99999999999");
+    EXPECT_GT(files.getNumFiles(), 500000);
+    files.setNumFiles(-4);
+    EXPECT_EQ(files.num_dir * files.num_file, -4);
+}
+
+TEST_F(FilenameCase, DatesSelectFiles) {
+    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 11, 20, 0)), 1);
+    EXPECT_EQ(name(), "2007011211.dat");
+    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 12, 20, 0)), 0);
+    EXPECT_EQ(name(), "2007011212.dat") << "a date without a file has its name";
+    EXPECT_EQ(files.setFile(Date()), 0);
+
+    Orv::init_time = 0;
+    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 16, 59, 0), ""), 1) << "whatever the time is";
+    EXPECT_EQ(name(), "2007011216.dat");
+    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 17, 0, 0), ""), 0) << "no file before it";
+    EXPECT_EQ(name(), "2007011217.dat");
+
+    files.setFile("@literal");
+    files.setFile(Date(2007, 1, 12, 16, 0, 0));
+    EXPECT_EQ(name(), "literal");
+}
+
+TEST_F(FilenameCase, OneCallForms) {
+    Filename latest("@%D/%Y%m%d%h.dat", "la");
+    EXPECT_EQ(latest.getName(), dir.path + "/2007011216.dat");
+    EXPECT_TRUE(latest.isSet());
+    const Filename dated("@%D/%Y%m%d%h.dat", Date(2007, 1, 1, 6, 0, 0));
+    EXPECT_EQ(dated.getName(), dir.path + "/2007010106.dat");
+    EXPECT_EQ(dated.getOffset(), 3600);
+    latest.setName("out");
+    latest.addOutPath(("/none:" + dir.path).c_str());
+    EXPECT_EQ(latest.getName(), dir.path + "/out");
+}
+
+TEST_F(FilenameCase, ListAndExitEndTheProgram) {
+    EXPECT_EXIT(files.checkFile("exit"), testing::ExitedWithCode(0), "");
+    Orv::putResrc("filename", "list");
+    EXPECT_EXIT(files.setFile(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(FilenameCase, ListsWhatFitsTheConvention) {
+    dir.write("odd name", "");
+    files.setNameConv("@%D/%Y%m%d%h.%e");
+    Orv::setMessageLevel(13);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(files.listFile(), 1);
+    const std::string text = testing::internal::GetCapturedStdout();
+    Orv::message_mask = 63;
+    EXPECT_NE(text.find("SEARCH: ls -x " + dir.path +
+                        "/????"
+                        "??"
+                        "??"
+                        "??"
+                        ".*\n"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("2007011211.dat"), std::string::npos);
+    EXPECT_EQ(text.find("odd"), std::string::npos);
+
+    files.setNameConv(("@" + dir.path + "/x;touch " + dir.path + "/made").c_str());
+    files.listFile();
+    EXPECT_FALSE(std::filesystem::exists(dir.path + "/made")) << "names are no commands";
+}
