@@ -9,7 +9,6 @@
 #include "ORV/Strings.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <string>
 
@@ -27,7 +26,7 @@ float finite(float value) {
 }
 
 int storeFloat(float& target, const char* text) {
-    const float value = finite(StrLib::getFloat(text));
+    const float value = StrLib::getFloat(text);
     if (value == Const::MISS)
         return 0;
     target = value;
@@ -48,7 +47,7 @@ int storeProj(DomainVal& val, const char* text) {
         return 0;
     const Strings fields(text, ':');
     if (fields.getNum() == 2) {
-        val.plon = finite(fields.getFloat(1));
+        val.plon = fields.getFloat(1);
         return 1;
     }
     int next = 1;
@@ -60,7 +59,7 @@ int storeProj(DomainVal& val, const char* text) {
                              &val.param[1], &val.param[2], &val.param[3]};
     for (float* value : values)
         if (next < fields.getNum())
-            *value = finite(fields.getFloat(next++));
+            *value = fields.getFloat(next++);
     return 1;
 }
 

@@ -1,0 +1,325 @@
+#include "ORV/Domain.h"
+
+#include "ORV/DomainTool.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace ORV;
+
+namespace {
+Domain domainOf(const char* text) {
+    Domain domain;
+    EXPECT_EQ(DomainTool::decode(domain, text), 1) << text;
+    return domain;
+}
+
+Point imageOf(const Domain& domain, float lat, float lon) {
+    Point plot;
+    domain.tran(EarthPoint(lat, lon), plot);
+    return plot;
+}
+
+constexpr const char* plains = "ps:90:-100,40,-95,61,41,0.8,0.8";
+} // namespace
+
+TEST(Domain, StartsUnset) {
+    const Domain domain;
+    EXPECT_FALSE(domain.isSet());
+    EXPECT_EQ(domain.limits.xmin, Const::MISS);
+    EXPECT_EQ(domain.getVert(), Const::MISS);
+    EXPECT_TRUE(domain.within(Point(1e6f, 0)));
+    EXPECT_EQ(domain.where(Point(0, 0)), 0);
+    GridPoint grid(1, 1);
+    EXPECT_EQ(domain.tran(Point(1, 1), grid), 0);
+    EXPECT_EQ(grid.gx, Const::MISS);
+}
+
+TEST(Domain, WindowStandsAroundTheCentre) {
+    const Domain domain = domainOf(plains);
+    Point center;
+    domain.tranCenter(center);
+    EXPECT_FLOAT_EQ(domain.limits.xmax - center.x, 24);
+    EXPECT_FLOAT_EQ(center.y - domain.limits.ymin, 16);
+    EXPECT_FLOAT_EQ(domain.getVert(), 32);
+    EXPECT_FLOAT_EQ(domain.getAspect(), 1.5f);
+    // The same window upside down in dy.
+    EXPECT_FLOAT_EQ(domainOf("ps:90:-100,40,-95,61,41,0.8,-0.8").getVert(), 32);
+    // A window whose centre can't be seen isn't known.
+    EXPECT_EQ(domainOf("ortho:40:-100,-40,80,61,41,1,1").limits.xmin, Const::MISS);
+}
+
+TEST(Domain, DefaultsFollowTheHemisphere) {
+    EXPECT_EQ(domainOf("ps:-90:0,-60,0").tlat1, -60);
+    EXPECT_EQ(domainOf("lamb:-30:0,-30,0").tlat2, -60);
+    EXPECT_EQ(domainOf("lamb:30:0:25:35,30,0").tlat1, 25);
+    EXPECT_EQ(domainOf("ps,40,-100").plat, 40); // the origin is the centre
+    EXPECT_NEAR(domainOf("lamb:25:-95:25:25,25,-95").xfactor, std::sin(25 * M_PI / 180), 1e-7);
+}
+
+TEST(Domain, GridRunsDownFromTheUpperLeft) {
+    const Domain domain = domainOf(plains);
+    GridPoint corners[4];
+    for (int i = 0; i < 4; i++)
+        EXPECT_EQ(domain.tran(i, corners[i]), 1);
+    EXPECT_NEAR(corners[0].gx, 0, 1e-4);
+    EXPECT_NEAR(corners[0].gy, 0, 1e-4);
+    EXPECT_NEAR(corners[1].gx, 60, 1e-4);
+    EXPECT_NEAR(corners[2].gy, 40, 1e-4);
+    EXPECT_NEAR(corners[3].gx, 60, 1e-4);
+    GridPoint center;
+    domain.tran(EarthPoint(40, -95), center);
+    EXPECT_NEAR(center.gx, 30, 1e-4);
+    EXPECT_NEAR(center.gy, 20, 1e-4);
+    EarthPoint back;
+    domain.tran(GridPoint(30, 20), back);
+    EXPECT_NEAR(back.lat, 40, 1e-4);
+    EXPECT_NEAR(back.lon, -95, 1e-4);
+    Point none;
+    EXPECT_EQ(domain.tran(5, none), 0);
+    EXPECT_EQ(domain.tran(GridPoint(3, Const::MISS), none), 0);
+    EXPECT_EQ(none.x, Const::MISS);
+}
+
+TEST(Domain, WorldGridTakesPointsFromBothSidesOfTheDateLine) {
+    const Domain domain = domainOf("ll:0:180,0,180,73,37,5,5");
+    GridPoint grid;
+    domain.tran(Point(200, 0), grid); // 380 from the left edge
+    EXPECT_FLOAT_EQ(grid.gx, 4);
+    domain.tran(EarthPoint(0, -170), grid);
+    EXPECT_FLOAT_EQ(grid.gx, 38);
+}
+
+TEST(Domain, ListsKeepAPlaceForWhatHasNoImage) {
+    const Domain domain = domainOf("ortho:0:0,0,0");
+    EarthPoints earth;
+    earth.add(10, 10);
+    earth.add(0, 180);
+    earth.add(-10, 370);
+    Points plot(1);
+    plot.add(9, 9);
+    EXPECT_EQ(domain.tran(earth, plot), 1);
+    ASSERT_EQ(plot.num, 3);
+    EXPECT_EQ(plot.getX(1), Const::MISS);
+    EXPECT_NEAR(plot.getX(2), plot.getX(0), 1e-4);
+    EXPECT_EQ(earth.getLon(2), 370);
+}
+
+TEST(Domain, PlacesPointsLikeATelephoneKeypad) {
+    const Domain domain = domainOf("xy,0,0,11,11,1,1");
+    const float at[] = {-6, 0, 6};
+    for (int row = 0; row < 3; row++)
+        for (int column = 0; column < 3; column++) {
+            const Point p(at[column], -at[row]);
+            EXPECT_EQ(domain.where(p), 3 * row + column + 1);
+            EXPECT_EQ(domain.within(p), row == 1 && column == 1);
+            EXPECT_TRUE(domain.withinExt(p, 1));
+        }
+    EXPECT_TRUE(domain.within(Point(5, -5)));
+    EXPECT_FALSE(domain.within(Point(Const::MISS, 0)));
+}
+
+TEST(Domain, TranslatesBetweenWindowsAndProjections) {
+    const Domain a = domainOf(plains), b = domainOf("ps:90:-100,50,-80,31,31,1,1");
+    const Domain c = domainOf("lamb:40:-95,40,-95,61,41,0.8,0.8");
+    EXPECT_TRUE(Domain::compareProj(a, b));
+    EXPECT_FALSE(Domain::compare(a, b));
+    GridPoint in_b;
+    // The same place on both grids, by way of the plot coordinates they share.
+    EXPECT_EQ(Domain::translate(a, b, GridPoint(30, 20), in_b), 1);
+    GridPoint expected;
+    b.tran(EarthPoint(40, -95), expected);
+    EXPECT_NEAR(in_b.gx, expected.gx, 1e-3);
+    EXPECT_NEAR(in_b.gy, expected.gy, 1e-3);
+    Point there;
+    EXPECT_EQ(Domain::translate(a, c, imageOf(a, 45, -90), there), 1);
+    EXPECT_NEAR(there.x, imageOf(c, 45, -90).x, 1e-4);
+    // The centre of an azimuthal view is a place like any other.
+    EXPECT_EQ(Domain::translate(domainOf("la:52:10,52,10"), a, Point(0, 0), there), 1);
+    EXPECT_NEAR(there.x, imageOf(a, 52, 10).x, 1e-3);
+}
+
+TEST(Domain, ZoomsAndPansToAPoint) {
+    Domain domain = domainOf(plains);
+    const Point target = imageOf(domain, 35, -97);
+    EXPECT_EQ(domain.zoom(target, 2), 1);
+    EXPECT_NEAR(domain.clat, 35, 1e-4);
+    EXPECT_NEAR(domain.clon, -97, 1e-4);
+    EXPECT_NEAR(domain.getVert(), 16, 1e-4);
+    EXPECT_NEAR(imageOf(domain, 35, -97).x, target.x, 1e-4); // the plot coordinates stay
+    EXPECT_EQ(domain.pan(Point(0, 0)), 1);
+    EXPECT_NEAR(domain.clat, 90, 1e-4);
+    EXPECT_NEAR(domain.getVert(), 16, 1e-4);
+
+    Domain globe = domainOf("ortho:0:0,0,0,61,61,2,2");
+    EXPECT_EQ(globe.zoom(Point(90, 0), 2), 0); // off the disc
+    EXPECT_EQ(globe.pan(Point(90, 0)), 0);
+    EXPECT_EQ(globe.zoom(Point(0, 0), 0), 0);
+    EXPECT_EQ(globe.clat, 0);
+    EXPECT_EQ(globe.dx, 2);
+}
+
+TEST(Domain, RefinesItsGridWithinTheWindow) {
+    Domain domain = domainOf(plains);
+    EXPECT_EQ(domain.scaleGrid(2.5f), 1);
+    EXPECT_EQ(domain.nx, 151);
+    EXPECT_EQ(domain.ny, 101);
+    EXPECT_FLOAT_EQ(domain.dx, 0.32f);
+    EXPECT_EQ(domain.scaleGrid(0.001f), 1);
+    EXPECT_EQ(domain.nx, 2);
+    EXPECT_FLOAT_EQ(domain.dx, 48);
+    EXPECT_EQ(domain.scaleGrid(0), 0);
+    EXPECT_EQ(domain.scaleGrid(1e30f), 1); // no more points than there are numbers for
+    EXPECT_GT(domain.nx, 1);
+
+    Domain picture = domainOf(plains); // 48 by 32
+    EXPECT_EQ(picture.scaleSize(101, 101), 1);
+    EXPECT_FLOAT_EQ(picture.dx, 0.48f);
+    EXPECT_FLOAT_EQ(picture.dy, 0.48f);
+    EXPECT_EQ(picture.scaleSize(101, 11), 1); // 48 by 48 by now
+    EXPECT_FLOAT_EQ(picture.dx, 4.8f);
+    EXPECT_EQ(picture.scaleSize(0, 10), 0);
+    EXPECT_EQ(picture.scaleSize(1, 1), 1);
+    EXPECT_TRUE(std::isfinite(picture.dx));
+}
+
+TEST(Domain, TakesItsWindowFromTwoCorners) {
+    Domain domain = domainOf("merc:0:0,0,0");
+    EXPECT_EQ(domain.set(EarthPoint(60, -20), EarthPoint(30, 20), 81, 61), 1);
+    EXPECT_NEAR(domain.limits.xmin, imageOf(domain, 60, -20).x, 1e-4);
+    EXPECT_NEAR(domain.limits.ymax, imageOf(domain, 60, -20).y, 1e-4);
+    EXPECT_NEAR(domain.clon, 0, 1e-4);
+    EXPECT_NEAR(domain.dx, 63.7122 * 40 * M_PI / 180 / 80, 1e-5);
+    EXPECT_EQ(domain.set(EarthPoint(95, 0), EarthPoint(30, 20), 81, 61), 0);
+    EXPECT_EQ(domain.set(EarthPoint(60, 0), EarthPoint(30, 20), 1, 61), 0);
+    EXPECT_EQ(domain.nx, 81);
+
+    domain.set(5, 3); // a picture
+    EXPECT_EQ(domain.limits.xmin, -2);
+    EXPECT_EQ(domain.limits.ymax, 1);
+}
+
+// The direction on the map of a short step on the earth, by finite difference.
+TEST(Direction, FollowsTheMap) {
+    class Turn {
+    public:
+        const char* domain;
+        float lat, lon;
+    };
+    const Turn turns[] = {
+        {"ps:90:-100,40,-100", 40, -70}, {"ps:90:-100,40,-100", 55, 120},
+        {"ps:-90:30,-40,30", -40, 90},   {"ps:-90:30,-40,30", -70, -100},
+        {"lamb:40:-95,40,-95", 45, -60}, {"lamb:40:-95,40,-95", 30, -130},
+        {"sat:0:-75,0,-75", 40, -100},   {"merc:0:0,0,0", 40, 50},
+    };
+    for (const Turn& turn : turns) {
+        const Domain domain = domainOf(turn.domain);
+        const Point from = imageOf(domain, turn.lat, turn.lon);
+        for (float dir = 5; dir < 360; dir += 50) {
+            Point to;
+            ASSERT_EQ(domain.offset(from, dir, 10, to), 1);
+            const double seen = std::atan2(to.x - from.x, to.y - from.y) * 180 / M_PI;
+            const float adjusted = domain.adjustDir(dir, from);
+            EXPECT_NEAR(std::remainder(adjusted - seen, 360), 0, 0.6) << turn.domain << ' ' << dir;
+            EXPECT_GE(adjusted, 0);
+            EXPECT_LE(adjusted, 360);
+            if (domain.proj != 10) {
+                EXPECT_NEAR(std::remainder(domain.unadjustDir(adjusted, from) - dir, 360), 0, 1e-3);
+            }
+            if (domain.proj == 1) {
+                EXPECT_NEAR(std::remainder(domain.direct(from, to) - dir, 360), 0, 0.6);
+            }
+        }
+    }
+}
+
+TEST(Direction, HasItsMissingCases) {
+    const Domain stereographic = domainOf("ps:90:-100,40,-100");
+    EXPECT_EQ(stereographic.adjustDir(Const::MISS, Point(3, 4)), Const::MISS);
+    EXPECT_FLOAT_EQ(stereographic.adjustDir(10, Point(0, 0)), 110); // at the pole
+    EXPECT_FLOAT_EQ(stereographic.unadjustDir(110, Point(0, 0)), 10);
+    EXPECT_EQ(stereographic.direct(Point(), Point(1, 1)), Const::MISS);
+
+    // Right at the limb of the satellite's disc, 81.309 degrees away, a step outward leaves it.
+    const Domain satellite = domainOf("sat:0:0,0,0");
+    int num_missing = 0;
+    for (float lat = -70; lat <= 70; lat++) {
+        const double lon = std::acos(satellite.earth_sat_ratio / std::cos(lat * M_PI / 180));
+        const Point limb = imageOf(satellite, lat, static_cast<float>(lon * 180 / M_PI - 1e-4));
+        if (limb.x != Const::MISS && satellite.adjustDir(90, limb) == Const::MISS)
+            num_missing++;
+    }
+    EXPECT_GT(num_missing, 0);
+    EXPECT_NEAR(satellite.adjustDir(270, imageOf(satellite, 0, 80)), 270, 0.1);
+}
+
+TEST(Direction, StepsAreInKilometres) {
+    EarthPoint place(60, 10);
+    Domain::offsetLatLon(place, 90, 111.195f, place);
+    EXPECT_NEAR(place.lat, 60, 1e-4);
+    EXPECT_NEAR(place.lon, 12, 1e-4);
+    Domain::offsetLatLon(place, 180, 111.195f, place);
+    EXPECT_NEAR(place.lat, 59, 1e-4);
+    place.lat = Const::MISS;
+    Domain::offsetLatLon(place, 180, 100, place);
+    EXPECT_EQ(place.lon, Const::MISS);
+    EXPECT_NEAR(Domain::calcEarthDist(EarthPoint(0, 0), EarthPoint(0, 90)), 10007.9, 1);
+    EXPECT_NEAR(domainOf("ps:90:0,60,0").getMapFactor(EarthPoint(60, 0)), 1, 1e-4);
+    EXPECT_NEAR(domainOf("ps:-90:0,-60,0").getMapFactor(EarthPoint(-60, 0)), 1, 1e-4);
+    EXPECT_NEAR(domainOf("merc:0:0,0,0").getMapFactor(EarthPoint(60, 0)), 2, 1e-5);
+}
+
+TEST(WorldEdge, LinesAreMadeWhole) {
+    const Domain domain = domainOf("ll:0:0,0,0");
+    Point a(170, 10), b(-170, 12);
+    EXPECT_EQ(domain.wrapLine(a, b), 1);
+    EXPECT_EQ(b.x, 190);
+    EXPECT_EQ(domain.offsetLine(a, b, 1), 1);
+    EXPECT_EQ(a.x, -190);
+    EXPECT_EQ(b.x, -170);
+
+    Points line(0);
+    for (const float x : {-170.f, 175.f, 170.f, -175.f, -9999.f, 179.f})
+        line.add(x, 0);
+    EXPECT_EQ(domain.wrapLine(line), -1);
+    EXPECT_EQ(line.getX(1), -185);
+    EXPECT_EQ(line.getX(2), -190);
+    EXPECT_EQ(line.getX(3), -175);
+    EXPECT_EQ(line.getX(4), Const::MISS); // a gap stays one
+    EXPECT_EQ(domain.offsetLine(line, -1), 1);
+    EXPECT_EQ(line.getX(0), 190);
+    EXPECT_EQ(line.getX(4), Const::MISS);
+    EXPECT_EQ(domain.offsetLine(line, 0), 0);
+
+    Point outside(190, 0);
+    EXPECT_EQ(domain.adjust(outside), -1);
+    EXPECT_EQ(outside.x, -170);
+}
+
+TEST(WorldEdge, WidthFollowsTheProjection) {
+    class Edge {
+    public:
+        const char* domain;
+        float lat, east, west; ///< a step of 2 degrees over the edge of the world
+        int side;
+    };
+    const Edge edges[] = {
+        {"merc:0:0,0,0", 40, 179, -179, 1},         {"moll:0:0,0,0", 40, -179, 179, -1},
+        {"lamb:15:0:15:15,20,0", 20, 179, -179, 1}, {"lamb:-15:0:-15:-15,-20,0", -20, 179, -179, 1},
+        {"lamb:45:0:45:45,45,0", 45, 179, -179, 0}, // too steep a cone
+        {"ps:90:0,45,0", 45, 179, -179, 0},
+    };
+    for (const Edge& edge : edges) {
+        const Domain domain = domainOf(edge.domain);
+        Point a = imageOf(domain, edge.lat, edge.east), b = imageOf(domain, edge.lat, edge.west);
+        const float before = std::abs(a.x - b.x);
+        EXPECT_EQ(domain.wrapLine(a, b), edge.side) << edge.domain;
+        if (edge.side != 0) {
+            EXPECT_LT(std::abs(a.x - b.x), before * 0.1) << edge.domain;
+        }
+        // Two places on one side stay.
+        Point c = imageOf(domain, edge.lat, 20), d = imageOf(domain, edge.lat, 30);
+        EXPECT_EQ(domain.wrapLine(c, d), 0) << edge.domain;
+    }
+}

@@ -1,0 +1,2 @@
+orv_fuzz(DomainText)
+orv_fuzz(RegionFile)
