@@ -20,11 +20,6 @@ constexpr int max_depth = 10; // of regions that name regions
 constexpr float default_spacing = 1.2f;             // 100 km
 constexpr double skewt_dx = 4.5, skewt_dy = 0.1175; // Celsius and ln(mb)
 
-// Missing for what is no number, or one beyond a float.
-float finite(float value) {
-    return std::isfinite(value) ? value : Const::MISS;
-}
-
 int storeFloat(float& target, const char* text) {
     const float value = StrLib::getFloat(text);
     if (value == Const::MISS)
