@@ -1,0 +1,1 @@
+orv_fuzz(PageParam)

@@ -1,0 +1,4 @@
+orv_fuzz(ColorFile)
+orv_fuzz(FontList)
+orv_fuzz(GFont)
+orv_fuzz(Symbol)
