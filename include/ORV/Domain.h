@@ -170,7 +170,8 @@ public:
 
     /// Turns a direction in degrees relative to north into one relative to the plot's upward, in
     /// 0 to 360. Polar stereographic, Lambert conformal and satellite views turn; on the last the
-    /// result is missing at the limb, where a step of 1 km leaves the disc.
+    /// result is missing at the limb, where a step of 1 km leaves the disc. The Lambert cone turns
+    /// by dir - atan2(x, -y) in the north and dir - atan2(x, y) in the south.
     float adjustDir(float dir, const Point& plot) const;
     float adjustDir(float dir, const EarthPoint& earth) const;
     /// The way back. The satellite view stays as it is.

@@ -9,7 +9,6 @@
 #include "ORV/Strings.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string>
 
 namespace ORV {
