@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <string_view>
 
 namespace ORV {
 namespace {
@@ -125,6 +126,38 @@ void setLevelPressure(const Source& s, Datum& d) {
     }
 }
 
+using WeatherText = char[weather_size];
+
+void copyWmoWeather(const char* weather, WeatherText& text) {
+    // A number too large for a code gives no weather, as one outside the table does.
+    const long code = std::clamp(std::strtol(weather, nullptr, 10), 0L, 1000L);
+    StrLib::copy(text, sizeof text, WxTool::getWmoWeather(static_cast<int>(code)));
+}
+
+void translate(int (*notation)(const char*, String&), const char* weather, WeatherText& text) {
+    String translated;
+    notation(weather, translated);
+    StrLib::copy(text, sizeof text, translated.get());
+}
+
+void getMetarWeather(const char* weather, WeatherText& text) {
+    if (isDigit(weather[0]))
+        copyWmoWeather(weather, text);
+    else if (weather[0] == '!')
+        StrLib::copy(text, sizeof text, weather + 1);
+    else if (weather[0] != 0)
+        translate(WxTool::getWeather, weather, text);
+}
+
+void getOlderWeather(const char* weather, WeatherText& text) {
+    if (isDigit(weather[0]))
+        copyWmoWeather(weather, text);
+    else if (weather[0] == '!')
+        translate(WxTool::getSAWeather, weather, text);
+    else
+        StrLib::copy(text, sizeof text, weather);
+}
+
 /// Stores a weather text, and whether it tells of something (0) or of no more than an obstruction
 /// to vision (1).
 void setWeather(const char* text, bool obstruction, Datum& d) {
@@ -132,54 +165,31 @@ void setWeather(const char* text, bool obstruction, Datum& d) {
     d.setValue(*text == 0 || *text == ' ' || obstruction ? 1.0F : 0.0F);
 }
 
-const char* getWmoWeather(const char* weather) {
-    // A number too large for a code gives no weather, as one outside the table does.
-    return WxTool::getWmoWeather(
-        static_cast<int>(std::clamp(std::strtol(weather, nullptr, 10), 0L, 1000L)));
-}
-
 void setMetarWeather(const Source& s, Datum& d) {
-    static constexpr const char* obstructions[] = {"HZ", "FG",   "BR",   "BCFG", "FU",
-                                                   "DU", "BLDU", "BLSN", "IC"};
-    const char* weather = s.report.weather;
-    String older;
-    char text[weather_size];
-    if (isDigit(weather[0]))
-        StrLib::copy(text, sizeof text, getWmoWeather(weather));
-    else if (weather[0] == '!')
-        StrLib::copy(text, sizeof text, weather + 1);
-    else {
-        WxTool::getWeather(weather, older);
-        StrLib::copy(text, sizeof text, older.get());
-    }
-    setWeather(
-        text,
-        std::any_of(std::begin(obstructions), std::end(obstructions),
-                    [&](const char* o) { return std::strncmp(text, o, std::strlen(o)) == 0; }),
-        d);
+    static constexpr std::string_view obstructions[] = {"HZ", "FG",   "BR",   "BCFG", "FU",
+                                                        "DU", "BLDU", "BLSN", "IC"};
+    WeatherText text = "";
+    getMetarWeather(s.report.weather, text);
+    const std::string_view whole = text;
+    const auto begins = [&](std::string_view o) { return whole.substr(0, o.size()) == o; };
+    setWeather(text, std::any_of(std::begin(obstructions), std::end(obstructions), begins), d);
 }
 
 void setOlderWeather(const Source& s, Datum& d) {
-    static constexpr const char* obstructions[] = {"H", "F", "K", "D", "BD", "BS", "IC"};
-    const char* weather = s.report.weather;
-    String older;
-    char text[weather_size];
-    if (isDigit(weather[0]))
-        StrLib::copy(text, sizeof text, getWmoWeather(weather));
-    else if (weather[0] == '!') {
-        WxTool::getSAWeather(weather, older);
-        StrLib::copy(text, sizeof text, older.get());
-    } else
-        StrLib::copy(text, sizeof text, weather);
-    setWeather(text,
-               std::any_of(std::begin(obstructions), std::end(obstructions),
-                           [&](const char* o) { return std::strcmp(text, o) == 0; }),
-               d);
+    static constexpr std::string_view obstructions[] = {"H", "F", "K", "D", "BD", "BS", "IC"};
+    WeatherText text = "";
+    getOlderWeather(s.report.weather, text);
+    const auto* end = std::end(obstructions);
+    setWeather(text, std::find(std::begin(obstructions), end, text) != end, d);
 }
 
 void setWeatherWords(const Source& s, Datum& d) {
+    WeatherText text = "";
+    getMetarWeather(s.report.weather, text);
+    if (!*text)
+        return;
     String words;
-    WxTool::getTextFromWeather(s.report.weather, words);
+    WxTool::getTextFromWeather(text, words);
     d.setData(words.get());
 }
 

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -28,7 +29,8 @@ protected:
     }
 
     static std::string write(const std::string& text) {
-        const std::string path = testing::TempDir() + "city_test.cty";
+        const std::string path = testing::TempDir() + "city_test." +
+                                 testing::UnitTest::GetInstance()->current_test_info()->name();
         std::ofstream(path, std::ios::binary) << text;
         return path;
     }

@@ -226,6 +226,10 @@ TEST_F(SfcDataToolTest, WeatherInItsThreeNotations) {
         EXPECT_EQ(compute("sawx").value[0], row.sawx) << row.weather;
         EXPECT_STREQ(datum.data, row.older) << row.weather;
     }
+    for (const char* weather : {"!+SN", "S+", "75"}) {
+        report.setWeather(weather);
+        EXPECT_STREQ(compute("txtwx").data, "heavy snow") << weather;
+    }
 }
 
 TEST_F(SfcDataToolTest, CeilingAndCover) {

@@ -116,7 +116,7 @@ TEST(Data, RowsOfOtherTables) {
 class SfcRawTest : public testing::Test {
 protected:
     SfcRawTest() {
-        Orv::setDatabasePath(ORV_TEST_DATA "/surface/db");
+        Orv::setDatabasePath(ORV_TEST_DATA "/surface/db:" ORV_DATA);
         Orv::putResrc("city_file", "stations.cty");
     }
     ~SfcRawTest() override {
@@ -136,7 +136,8 @@ protected:
     /// An hour of reports: from the list under two names, from a ship, and three that have no place
     /// on the map.
     static std::string writeHour() {
-        const std::string path = testing::TempDir() + "sfcraw_test.sfc";
+        const std::string path = testing::TempDir() + "sfcraw_test." +
+                                 testing::UnitTest::GetInstance()->current_test_info()->name();
         SfcFile file;
         file.setDate(Date(2025, 1, 27, 12, 0, 0));
         file.open(path.c_str(), 1, SfcFile::ORV);
