@@ -18,6 +18,8 @@ class Unit;
 /// meaning, and "\" in front of a character that isn't a delimiter is dropped.
 class VarList {
 public:
+    static constexpr int max_items = 1000; ///< beyond any real plot list
+
     OwnedArray<VarListItem> item;
     int num = 0;          ///< items in use
     int limit = 0;        ///< items allocated
@@ -35,15 +37,16 @@ public:
     /// Finds a name in the variable file. Returns 1 and its plot list, or 0.
     int searchFile(const char* name, String& value) const;
 
-    /// Parses a line in place of what the list holds. A closer without its opener, or nesting
-    /// deeper than 11, stops with a warning and 0, and leaves the items up to there. A line that
+    /// Parses a line in place of what the list holds. A closer without its opener, nesting deeper
+    /// than 11, or more than max_items stops with a warning and 0, and leaves the items up to
+    /// there. A line that
     /// ends inside a list gives 1 without its last element.
     int decode(const char* text);
     int decode(const VarFileData& entry) { return decode(entry.value.get()); }
     /// Parses a line and replaces names of the list's variable file by what they stand for, up to
     /// 10 deep. Units and options written on a name win over those of its definition. Returns 0
     /// after a warning when the line can't be parsed, or when definitions that contain themselves
-    /// would grow it beyond 2000 items.
+    /// would grow it beyond max_items.
     static int process(const char* text, VarList& list);
 
     int rewind();

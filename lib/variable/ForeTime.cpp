@@ -51,13 +51,14 @@ const char* findSuffix(int type) {
 // The name, the number and the suffix of a text; `parts` of them are there.
 class Parts {
 public:
-    int parts;
     char name[10] = "";
     float number = Const::MISS;
     char suffix[10] = "";
+    int parts = 0;
 
-    explicit Parts(const char* text)
-        : parts(Scan::text(text, "%9[^-]-%f%9s", name, &number, suffix)) {}
+    explicit Parts(const char* text) {
+        parts = Scan::text(text, "%9[^-]-%f%9s", name, &number, suffix);
+    }
 
     bool is(const char* word) const { return StrLib::iequal(name, word); }
     bool hasDigitAfter(char letter) const {

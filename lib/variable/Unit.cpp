@@ -171,12 +171,12 @@ private:
 // A pair of names as given, and taken apart into prefix and name to look up.
 class Unit::Names {
 public:
+    double pre = 1;
+    double post = 1;
     std::string from;
     std::string to;
     std::string from_name;
     std::string to_name;
-    double pre = 1;
-    double post = 1;
 
     Names(const char* from_text, const char* to_text)
         : from(spaced(from_text, sizeof(UnitData::from) - 1)),

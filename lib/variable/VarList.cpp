@@ -107,9 +107,13 @@ public:
 
     int parse() {
         const char* p = token;
-        for (; *p; ++p)
+        for (; *p && list.num < max_items; ++p)
             if (list.checkDelim(*p) && !take(p))
                 return 0;
+        if (*p) {
+            Orv::outWarning("VarList::decode error, more than %d items\n", max_items);
+            return 0;
+        }
         if (list.num_delim == 0)
             endElement(p);
         return 1;
@@ -216,7 +220,7 @@ VarListItem& VarList::emit(const char* token, const char* end, int layer, bool c
     text.resize(std::min(text.size(), static_cast<std::size_t>(token_length)));
     if (clean)
         cleanData(text.data());
-    reserve(num);
+    reserve(num + 1);
     VarListItem& added = item[num++];
     added.layer = layer;
     added.index = -1;

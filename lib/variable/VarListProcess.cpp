@@ -15,7 +15,6 @@ namespace ORV {
 namespace {
 
 constexpr int max_passes = 10;
-constexpr int max_items = 2000;
 
 // All entries of a variable file, read once; the first of a name counts.
 class Definitions {

@@ -1,0 +1,5 @@
+orv_fuzz(LevelTime)
+orv_fuzz(UnitFile)
+orv_fuzz(VarFile)
+orv_fuzz(VarList)
+orv_fuzz(VarLookup)
