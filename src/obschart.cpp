@@ -1,3 +1,7 @@
+#include "ORV/ObsChart.h"
+
+#include "ORV/Domain.h"
+#include "ORV/Figure.h"
 #include "ORV/Orv.h"
 #include "ORV/OrvResrc.h"
 #include "ORV/Prog.h"
@@ -14,6 +18,27 @@ constexpr int keyed_settings[] = {
     OrvResrc::CURRENT, OrvResrc::DOMAIN, OrvResrc::var_file, OrvResrc::variable,   OrvResrc::OBJECT,
     OrvResrc::CONT,    OrvResrc::PLOT,   OrvResrc::COLOR,    OrvResrc::COLOR_CONT, OrvResrc::DEVICE,
 };
+
+/// Draws the chart, over all its frames, until the output is finished or the window is closed.
+int plot() {
+    Domain domain;
+    ObsChart chart;
+    chart.setMap(true);
+    chart.getDomain(domain);
+    chart.setFilename();
+
+    Figure figure;
+    if (!figure.open()) {
+        Orv::outError("%s: unable to open the output: %s\n", Orv::getProgramName(),
+                      Orv::getResrc("device", "window"));
+        return Orv::NOGRAPH;
+    }
+    figure.startPlot(domain);
+    figure.addDrawing(chart);
+    figure.endPlot();
+    figure.manage();
+    return Orv::NOERR;
+}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -28,5 +53,5 @@ int main(int argc, char** argv) {
     if (Prog::printHelp(keyed, positional, "This program plots surface data"))
         Orv::exit(Orv::NOERR);
     Prog::printProg("SURFACE PLOTTING PROGRAM");
-    return Orv::NOERR;
+    return plot();
 }

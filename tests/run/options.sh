@@ -6,7 +6,7 @@
 setting() {
     name=$1
     shift
-    "$tool" "$@" -me=none,+debug5 list </dev/null | sed -n "s/^$name\( (\|:\)/$name\1/p"
+    "$tool" "$@" -me=none,+debug5 list </dev/null 2>/dev/null | sed -n "s/^$name\( (\|:\)/$name\1/p"
 }
 
 # Help
