@@ -129,15 +129,12 @@ float toFloat(double value) {
     return static_cast<float>(std::clamp(value, -most, most));
 }
 
-template <class T>
-T narrow(long long value) {
-    if constexpr (std::is_signed_v<T>)
-        return static_cast<T>(std::clamp<long long>(value, std::numeric_limits<T>::min(),
-                                                    std::numeric_limits<T>::max()));
-    else
-        return static_cast<T>(
-            std::clamp<unsigned long long>(static_cast<unsigned long long>(std::max(value, 0LL)), 0,
-                                           std::numeric_limits<T>::max()));
+/// The nearest value of a narrower type of the same sign.
+template <class T, class Wide>
+T narrow(Wide value) {
+    static_assert(std::is_signed_v<T> == std::is_signed_v<Wide>);
+    return static_cast<T>(
+        std::clamp<Wide>(value, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
 }
 
 /// One conversion of a format.
@@ -261,65 +258,46 @@ private:
         return used > 0;
     }
 
-    bool takeInteger(const Conversion& conv) {
-        long long value = 0;
-        if (!pass(readInteger(text, conv.width, value)))
-            return false;
+    /// Stores a value by the size of its conversion, hh, h, none, l or ll.
+    template <class Char, class Short, class Int, class Long, class Wide>
+    bool store(const Conversion& conv, Wide value) {
         if (!conv.keep)
             return true;
         switch (conv.size) {
         case -2:
-            *va_arg(args, signed char*) = narrow<signed char>(value);
+            *va_arg(args, Char*) = narrow<Char>(value);
             break;
         case -1:
-            *va_arg(args, short*) = narrow<short>(value);
+            *va_arg(args, Short*) = narrow<Short>(value);
             break;
         case 0:
-            *va_arg(args, int*) = narrow<int>(value);
+            *va_arg(args, Int*) = narrow<Int>(value);
             break;
         case 1:
-            *va_arg(args, long*) = narrow<long>(value);
+            *va_arg(args, Long*) = narrow<Long>(value);
             break;
         default:
-            *va_arg(args, long long*) = value;
+            *va_arg(args, Wide*) = value;
         }
         count++;
         return true;
     }
 
+    bool takeInteger(const Conversion& conv) {
+        long long value = 0;
+        return pass(readInteger(text, conv.width, value)) &&
+               store<signed char, short, int, long>(conv, value);
+    }
+
     bool takeUnsigned(const Conversion& conv, bool hex) {
         unsigned long long bits = 0;
-        if (hex) {
-            if (!pass(readHex(text, conv.width, bits)))
-                return false;
-        } else {
-            long long value = 0;
-            if (!pass(readInteger(text, conv.width, value)))
-                return false;
+        long long value = 0;
+        const int used =
+            hex ? readHex(text, conv.width, bits) : readInteger(text, conv.width, value);
+        if (!hex)
             bits = static_cast<unsigned long long>(std::max(value, 0LL));
-        }
-        if (!conv.keep)
-            return true;
-        const auto value = static_cast<long long>(
-            std::min<unsigned long long>(bits, std::numeric_limits<long long>::max()));
-        switch (conv.size) {
-        case -2:
-            *va_arg(args, unsigned char*) = narrow<unsigned char>(value);
-            break;
-        case -1:
-            *va_arg(args, unsigned short*) = narrow<unsigned short>(value);
-            break;
-        case 0:
-            *va_arg(args, unsigned*) = narrow<unsigned>(value);
-            break;
-        case 1:
-            *va_arg(args, unsigned long*) = static_cast<unsigned long>(bits);
-            break;
-        default:
-            *va_arg(args, unsigned long long*) = bits;
-        }
-        count++;
-        return true;
+        return pass(used) &&
+               store<unsigned char, unsigned short, unsigned, unsigned long>(conv, bits);
     }
 
     bool takeNumber(const Conversion& conv) {
