@@ -1,6 +1,7 @@
 #include "ORV/ObsChart.h"
 
 #include "ORV/DomainTool.h"
+#include "ORV/MapPlot.h"
 #include "ORV/Orv.h"
 #include "ORV/Plot.h"
 #include "ORV/SfcData.h"
@@ -200,9 +201,12 @@ public:
 
     bool open();
     void readList();
+    void placeMap();
     void drawItems();
 
 private:
+    bool isMapOnTop() const;
+    void drawMap(MapPlot& map);
     int drawItem(int i);
     int drawStations(int i);
     void addLabels(int i);
@@ -212,6 +216,9 @@ private:
     SfcFile reports;
     Date date;
     VarList list;
+    MapPlot under_map{"default,under"};
+    MapPlot over_map{"over"};
+    bool auto_map = false; // no item of the list is a map
     int layer = 0;
     bool label = false;
 };
@@ -238,7 +245,34 @@ void ObsChart::Frame::readList() {
     VarList::process(chart.variable.get(), list);
 }
 
+/// A fill in the list hides a map under it, so the map then goes over it.
+bool ObsChart::Frame::isMapOnTop() const {
+    if (chart.map_fill >= 0)
+        return chart.map_fill == 1 && list.num > 0;
+    for (int i = 0; i < list.num; i++)
+        if (list.isFillContour(i))
+            return true;
+    return false;
+}
+
+void ObsChart::Frame::placeMap() {
+    auto_map = chart.map;
+    for (int i = 0; i < list.num; i++)
+        if (list.isMap(i))
+            auto_map = false;
+    if (chart.map && isMapOnTop()) {
+        under_map.setParam("fill_cont,nodefault");
+        over_map.setParam("fill_cont,default");
+    }
+}
+
+void ObsChart::Frame::drawMap(MapPlot& map) {
+    if (auto_map)
+        map.draw(plot);
+}
+
 void ObsChart::Frame::drawItems() {
+    drawMap(under_map);
     for (int i = 0; i < list.num; i++) {
         plot.setLine();
         plot.setText();
@@ -250,12 +284,21 @@ void ObsChart::Frame::drawItems() {
         if (label)
             addLabels(i);
     }
+    drawMap(over_map);
 }
 
 /// Draws the item at i, and returns the last item that this took.
 int ObsChart::Frame::drawItem(int i) {
+    if (list.isMap(i)) {
+        MapPlot map;
+        map.setParam(list.getFormat(i));
+        map.draw(plot);
+        return i;
+    }
     if (list.isPanel(i)) {
+        drawMap(over_map);
         plot.newPanel(list.getFormat(i));
+        drawMap(under_map);
         return i;
     }
     if (list.isGroup(i)) {
@@ -331,6 +374,7 @@ int ObsChart::draw(Plot& plot) {
     if (!frame.open())
         return 0;
     frame.readList();
+    frame.placeMap();
     frame.drawItems();
     return 1;
 }
