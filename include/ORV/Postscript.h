@@ -21,8 +21,8 @@ namespace ORV {
 class Postscript : public FileDevice {
 public:
     File file;
-    bool inverse = false;
-    float width = 756; ///< surface in points
+    bool inverse = false; ///< set by "color"
+    float width = 756;    ///< surface in points
     float height = 576;
     float off_x = 0;
     float off_y = 0;
@@ -59,7 +59,8 @@ public:
     int open() override;
     int close() override;
     int setTitle(const char* text) override;
-    bool getInverse() override { return inverse; }
+    /// Paper is white, also in gray: what is drawn by default has to be dark.
+    bool getInverse() override { return true; }
     /// In pixels of 1/100 inch.
     int setSize(float w, float h) override;
     int getSize(float& w, float& h) override;
