@@ -4,18 +4,17 @@
 
 #include <deque>
 #include <memory>
+#include <vector>
 
 namespace ORV {
 
 /// One key of a Hash and the data it leads to.
 class HashEntry {
 public:
-    OwnedArray<char> key;
-    char* data = nullptr;      ///< shared by the entries of one enter, and held by `store`
+    char* key = nullptr;
+    char* data = nullptr;      ///< shared by the entries of one enter
     HashEntry* link = nullptr; ///< next in the bucket
     HashEntry* next = nullptr; ///< next in insertion order, in key space 0 only
-
-    std::shared_ptr<char[]> store;
 };
 
 /// One argument of Hash::enter: a key, or the value as text, block or number.
@@ -58,8 +57,8 @@ public:
     /// block, one key). A size below 1 is the default.
     int set() { return set(0, 1000, 0, 1); }
     int set(int data_type) { return set(data_type, 1000, 0, 1); }
-    int set(int buckets, int block_size, int keys) { return set(0, buckets, block_size, keys); }
-    int set(int data_type, int buckets, int block_size, int keys);
+    int set(int buckets, int bytes, int keys) { return set(0, buckets, bytes, keys); }
+    int set(int data_type, int buckets, int bytes, int keys);
 
     /// enter(key1, ..., keyN, value): one key for each key space, then the value, a text, a pointer
     /// to a block, an int or a float as the type has it. When every key is known, all of them lead
@@ -102,11 +101,16 @@ private:
     int getBucket(const char* key) const;
     HashEntry* find(int n, const char* key) const;
     HashEntry* link(int n, const char* key, HashEntry* same);
-    void store(HashEntry& entry, const HashArg& value) const;
+    void store(HashEntry& entry, const HashArg& value);
     double getNumber(const char* data) const;
     HashEntry* step();
 
+    char* allocate(std::size_t bytes, std::size_t alignment);
+
     std::deque<HashEntry> entries;
+    std::vector<std::unique_ptr<char[]>> blocks; // hold all keys and data
+    std::size_t block_size = 0;                  // bytes of the last one
+    std::size_t block_used = 0;                  // and those given out
     bool at_first = false; // first was the last step of the cursor
 };
 

@@ -5,6 +5,7 @@
 #include "ORV/StrLib.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 
 namespace ORV {
@@ -17,11 +18,11 @@ constexpr int key_modulus = 35177;
 enum DataType { TEXT, INT, INT_TOO, FLOAT };
 } // namespace
 
-int Hash::set(int data_type, int buckets, int block_size, int keys) {
+int Hash::set(int data_type, int buckets, int bytes, int keys) {
     clear();
     type = data_type;
     size = buckets < 1 ? default_size : buckets;
-    data_size = std::max(block_size, 0);
+    data_size = std::max(bytes, 0);
     numkey = std::clamp(keys, 1, max_keys);
     for (int n = 0; n < max_keys; n++)
         table[n] = OwnedArray<HashEntry*>(n < numkey ? size : 0);
@@ -33,6 +34,17 @@ int Hash::getBucket(const char* key) const {
     for (; *key; key++)
         h = (h * key_factor + static_cast<signed char>(*key)) % key_modulus;
     return (h < 0 ? h + key_modulus : h) % size;
+}
+
+char* Hash::allocate(std::size_t bytes, std::size_t alignment) {
+    std::size_t start = (block_used + alignment - 1) / alignment * alignment;
+    if (blocks.empty() || start + bytes > block_size) {
+        block_size = std::max<std::size_t>(16384, bytes);
+        blocks.emplace_back(new char[block_size]());
+        start = 0;
+    }
+    block_used = start + bytes;
+    return blocks.back().get() + start;
 }
 
 HashEntry* Hash::find(int n, const char* key) const {
@@ -47,7 +59,9 @@ HashEntry* Hash::find(int n, const char* key) const {
 /// Makes an entry in key space n: behind the one of the same key, else at the end of the chain.
 HashEntry* Hash::link(int n, const char* key, HashEntry* same) {
     HashEntry& entry = entries.emplace_back();
-    entry.key = StrLib::own(key);
+    const std::size_t bytes = std::strlen(key) + 1;
+    entry.key = allocate(bytes, 1);
+    std::memcpy(entry.key, key, bytes);
     HashEntry** place = same ? &same->link : &table[n][getBucket(key)];
     while (!same && *place)
         place = &(*place)->link;
@@ -58,7 +72,7 @@ HashEntry* Hash::link(int n, const char* key, HashEntry* same) {
 
 /// Gives the entry the value. A text gets storage of its own, so that one still in use by another
 /// key stays whole; numbers and blocks are written over.
-void Hash::store(HashEntry& entry, const HashArg& value) const {
+void Hash::store(HashEntry& entry, const HashArg& value) {
     const auto whole = Scan::toInt(value.number);
     const auto real = static_cast<float>(value.number);
     const char* text = value.text ? value.text : "";
@@ -74,10 +88,8 @@ void Hash::store(HashEntry& entry, const HashArg& value) const {
         source = value.block;
         bytes = static_cast<std::size_t>(data_size);
     }
-    if (!entry.store || source == text) {
-        entry.store.reset(new char[bytes]());
-        entry.data = entry.store.get();
-    }
+    if (!entry.data || source == text)
+        entry.data = allocate(bytes, alignof(std::max_align_t));
     if (source)
         std::memmove(entry.data, source, bytes);
 }
@@ -101,10 +113,8 @@ int Hash::enterArgs(const HashArg* args, int count) {
         num++;
     }
     store(*found[0], args[numkey]);
-    for (int n = 1; n < numkey; n++) {
-        found[n]->store = found[0]->store;
+    for (int n = 1; n < numkey; n++)
         found[n]->data = found[0]->data;
-    }
     return 1;
 }
 
@@ -166,13 +176,15 @@ char* Hash::next() {
 const char* Hash::nextKey() {
     const HashEntry* entry = at_first ? cur : step();
     at_first = false;
-    return entry ? static_cast<const char*>(entry->key) : nullptr;
+    return entry ? entry->key : nullptr;
 }
 
 int Hash::clear() {
     for (OwnedArray<HashEntry*>& buckets : table)
         std::fill_n(static_cast<HashEntry**>(buckets), buckets.size(), nullptr);
     entries.clear();
+    blocks.clear();
+    block_size = block_used = 0;
     cur = head = last = nullptr;
     num = 0;
     at_first = false;
