@@ -142,6 +142,9 @@ public:
     /// Gets the device's value for a color and returns it; 0 for an index outside the table.
     int allocColor(int ind);
     int getColorValue(const char* name);
+    /// The name of the color that shows on the surface: "black" where it is light, as paper is and
+    /// an inverse window, otherwise "white".
+    const char* getForeground();
     /// Components from 0 to 1.
     int getColorRGB(int ind, float& red, float& grn, float& blu) const;
     /// @}
@@ -268,8 +271,9 @@ public:
     /// @}
 
     /// @name Attributes
-    /// The forms without arguments set the defaults. A record's color name is looked up once, and
-    /// the index kept in the record. A scale multiplies the record's height.
+    /// The forms without arguments set the defaults, with the foreground as color. A record's color
+    /// name is looked up once, and the index kept in the record. A scale multiplies the record's
+    /// height.
     /// @{
     int setLine();
     int setLine(PlotAttr& attr);
@@ -363,7 +367,6 @@ private:
     int placePanel();
 
     int drawPieces(const Points& points);
-    int drawRun(Points& run);
     int drawSides(Points& run, int side);
     int drawCropped(const Points& run);
     int drawPolygon(Points& polygon);

@@ -270,6 +270,11 @@ int Plot::getColorValue(const char* name) {
     return value == -1 ? allocColor(ind) : value;
 }
 
+const char* Plot::getForeground() {
+    const bool paper = graph.device_type > 1;
+    return paper || graph.getInverse() ? "black" : "white";
+}
+
 int Plot::getColorRGB(int ind, float& red, float& grn, float& blu) const {
     return colors.getRGB(ind, red, grn, blu);
 }

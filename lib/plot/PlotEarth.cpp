@@ -44,17 +44,18 @@ int Plot::drawLine(const Point& a, const Point& b) {
     if (graph.cur_tran != map_tran)
         return graph.drawLine(a.x, a.y, b.x, b.y);
 
-    const Domain& domain = getDomain();
-    const WorldEdge edge(domain);
+    const WorldEdge edge(getDomain());
+    if (edge.parts(a, b))
+        return 0;
     Point start = a, end = b;
-    const int side = domain.wrapLine(start, end);
+    const int side = edge.wrap(start, end);
     const bool cut = edge.cutsAlways() || (side != 0 && edge.cutsWrapped());
     const auto draw = [&](Point from, Point to) {
         return cut && !edge.crop(from, to) ? 0 : graph.drawLine(from.x, from.y, to.x, to.y);
     };
     int drawn = draw(start, end);
     if (side != 0) {
-        domain.offsetLine(start, end, side);
+        edge.shift(start, end, side);
         drawn |= draw(start, end);
     }
     return drawn;
@@ -86,22 +87,35 @@ int Plot::drawLine(const EarthPoints& earth) {
 }
 
 // Each piece between missing points is a line of its own: wrapped together, a missing point would
-// count as a place beyond the edge of the world.
+// count as a place beyond the edge of the world. A line that goes on around the world goes on from
+// its last point.
 int Plot::drawPieces(const Points& points) {
+    const WorldEdge edge(getDomain());
     int drawn = 0;
-    for (int start = 0; start < points.num; start++) {
-        const int end = nextMissing(points, start);
+    for (int start = 0; start < points.num;) {
+        if (isMissing(points, start)) {
+            start++;
+            continue;
+        }
+        int turns = 0;
+        bool goes_on = false;
+        int end = start + 1;
+        for (; end < points.num && !isMissing(points, end) && !goes_on; end++) {
+            const Point from(points.getX1(end - 1), points.getY1(end - 1));
+            const Point to(points.getX1(end), points.getY1(end));
+            if (edge.parts(from, to))
+                break;
+            goes_on = edge.isSecondTurn(from, to, turns);
+            if (goes_on)
+                break;
+        }
         if (end - start >= 2) {
             copyPart(points, start, end - start, run_points);
-            drawn |= drawRun(run_points);
+            drawn |= drawSides(run_points, edge.wrap(run_points));
         }
-        start = end;
+        start = goes_on && end - start >= 2 ? end - 1 : end;
     }
     return drawn;
-}
-
-int Plot::drawRun(Points& run) {
-    return drawSides(run, getDomain().wrapLine(run));
 }
 
 // Draws a line made whole, and once more on the other side of the world that it reaches.
@@ -113,7 +127,7 @@ int Plot::drawSides(Points& run, int side) {
     };
     int drawn = draw();
     if (side != 0) {
-        getDomain().offsetLine(run, side);
+        edge.shift(run, side);
         drawn |= draw();
     }
     return drawn;
@@ -199,7 +213,7 @@ int Plot::drawPolygon(Points& polygon) {
         return 0;
     const Domain& domain = getDomain();
     const WorldEdge edge(domain);
-    const int side = domain.wrapLine(polygon);
+    const int side = edge.wrap(polygon);
     edge.closeAroundPole(polygon);
     const auto draw = [&] {
         if (domain.proj != 7 || !edge.isBeyond(polygon))
@@ -210,7 +224,7 @@ int Plot::drawPolygon(Points& polygon) {
     };
     int drawn = draw();
     if (side != 0) {
-        domain.offsetLine(polygon, side);
+        edge.shift(polygon, side);
         drawn |= draw();
     }
     return drawn;

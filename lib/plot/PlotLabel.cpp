@@ -179,7 +179,7 @@ int Plot::setDataSource(const char* text) {
 PlotAttr Plot::getLabelAttr() {
     if (label_color.valid())
         return PlotAttr(label_color.get());
-    return PlotAttr(Orv::getResrc("color_label", graph.getInverse() ? "black" : "white"));
+    return PlotAttr(Orv::getResrc("color_label", getForeground()));
 }
 
 int Plot::drawBorder() {

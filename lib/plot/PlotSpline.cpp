@@ -2,6 +2,7 @@
 #include "ORV/Spline.h"
 
 #include "PlotTools.h"
+#include "WorldEdge.h"
 
 namespace ORV {
 
@@ -36,7 +37,7 @@ int Plot::drawSpline(const Points& points) {
         if (end - start >= 2) {
             copyPart(points, start, end - start, run_points);
             // Made whole before it is curved, so that it is one curve over the edge of the world.
-            const int side = on_map ? getDomain().wrapLine(run_points) : 0;
+            const int side = on_map ? WorldEdge(getDomain()).wrap(run_points) : 0;
             Points curve = sample(run_points);
             drawn |= on_map ? drawSides(curve, side) : graph.drawLine(curve);
         }

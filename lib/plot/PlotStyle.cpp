@@ -44,7 +44,7 @@ int Plot::setMarkColor(const char* name) {
 }
 
 int Plot::setLine() {
-    graph.setLineColor(getColorValue("white"));
+    graph.setLineColor(getColorValue(getForeground()));
     graph.setLineStyle(1);
     graph.setLineWidth(0);
     graph.setDropShadow(0);
@@ -67,7 +67,7 @@ int Plot::setLine(const char* text) {
 }
 
 int Plot::setFill() {
-    graph.setFillColor(getColorValue("white"));
+    graph.setFillColor(getColorValue(getForeground()));
     graph.setFillStyle(0);
     return 1;
 }
@@ -86,7 +86,7 @@ int Plot::setFill(const char* text) {
 
 int Plot::setText() {
     graph.setDropShadow(0);
-    graph.setTextColor(getColorValue("white"));
+    graph.setTextColor(getColorValue(getForeground()));
     graph.setTextHeight(0.01f);
     graph.setTextWeight(1);
     graph.setTextCharWidth(0);
@@ -125,7 +125,7 @@ int Plot::setText(const char* text) {
 }
 
 int Plot::setMark() {
-    graph.setMarkColor(getColorValue("white"));
+    graph.setMarkColor(getColorValue(getForeground()));
     graph.setMarkSize(0.01f);
     graph.setMarkWeight(0);
     return 1;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace ORV {
 namespace {
@@ -26,6 +27,90 @@ double WorldEdge::limit(double y) const {
     }
 }
 
+// The move, in turns of the world, that brings b beside a: what is more than a quarter of the world
+// away is taken to be near on the other side.
+int WorldEdge::turn(const Point& a, const Point& b) const {
+    if (domain.proj != 2 && domain.proj != 3 && domain.proj != 7)
+        return 0;
+    const double from = limit(a.y), to = limit(b.y);
+    if (from <= 0 || to <= 0)
+        return 0;
+    const double step = a.x / from - b.x / to; // the world is 2 wide
+    return step > 0.5 ? 1 : step < -0.5 ? -1 : 0;
+}
+
+int WorldEdge::wrap(Point& a, Point& b) const {
+    if (domain.proj != 7)
+        return domain.wrapLine(a, b);
+    const int side = turn(a, b);
+    b.x += static_cast<float>(side * 2 * limit(b.y));
+    return side;
+}
+
+// The ellipse is narrower toward its poles, so each point has a width of its own to move by.
+int WorldEdge::wrap(Points& line) const {
+    if (domain.proj != 7)
+        return domain.wrapLine(line);
+    int side = 0, turns = 0;
+    Point last;
+    for (int i = 0; i < line.num; i++) {
+        const Point point(line.getX1(i), line.getY1(i));
+        const int move = i > 0 ? turn(last, point) : 0;
+        turns += move;
+        side = side == 0 ? move : side;
+        line.x[i] += static_cast<float>(turns * 2 * limit(point.y));
+        last = point;
+    }
+    return side;
+}
+
+void WorldEdge::shift(Point& a, Point& b, int side) const {
+    if (domain.proj != 7) {
+        domain.offsetLine(a, b, side);
+        return;
+    }
+    for (Point* point : {&a, &b})
+        point->x -= static_cast<float>(side * 2 * limit(point->y));
+}
+
+void WorldEdge::shift(Points& line, int side) const {
+    if (domain.proj != 7) {
+        domain.offsetLine(line, side);
+        return;
+    }
+    for (int i = 0; i < line.num; i++)
+        line.x[i] -= static_cast<float>(side * 2 * limit(line.y[i]));
+}
+
+bool WorldEdge::isSecondTurn(const Point& a, const Point& b, int& turns) const {
+    const int move = turn(a, b);
+    if (std::abs(turns + move) > 1)
+        return true;
+    turns += move;
+    return false;
+}
+
+// The angle around the apex of a cone, from its middle.
+double WorldEdge::coneAngle(const Point& point) const {
+    if (domain.proj == 9)
+        return domain.mult < 0 ? std::atan2(-point.x, point.y - domain.xfactor)
+                               : std::atan2(point.x, domain.xfactor - point.y);
+    return std::atan2(point.x, -domain.scale * point.y);
+}
+
+bool WorldEdge::parts(const Point& a, const Point& b) const {
+    if (domain.proj == 8) {
+        const double rim = std::sqrt(2.0) * domain.earth_rad; // of the near hemisphere
+        return std::hypot(a.x, a.y) > rim && std::hypot(b.x, b.y) > rim &&
+               std::hypot(double(a.x) - b.x, double(a.y) - b.y) > domain.earth_rad;
+    }
+    const bool cone = domain.proj == 9 || (domain.proj == 4 && domain.xfactor > 0.5);
+    if (!cone || (a.x < 0) == (b.x < 0))
+        return false;
+    const double half = Const::PI * std::fabs(domain.proj == 9 ? domain.mult : domain.xfactor);
+    return std::fabs(coneAngle(a) - coneAngle(b)) > half;
+}
+
 double WorldEdge::excess(const Point& point) const {
     return std::fabs(double(point.x)) - limit(point.y);
 }
@@ -37,7 +122,7 @@ bool WorldEdge::isBeyond(const Points& line) const {
     return false;
 }
 
-Point WorldEdge::crossing(const Point& inside, const Point& outside) const {
+Point WorldEdge::meet(const Point& inside, const Point& outside) const {
     const double in = excess(inside);
     // The line may begin on the far side of the middle: distances count toward the edge it meets.
     const double side = outside.x < 0 ? -1 : 1;
@@ -54,9 +139,9 @@ int WorldEdge::crop(Point& a, Point& b) const {
     if (a_out && b_out)
         return 0;
     if (a_out)
-        a = crossing(b, a);
+        a = meet(b, a);
     else if (b_out)
-        b = crossing(a, b);
+        b = meet(a, b);
     return 1;
 }
 
@@ -70,9 +155,9 @@ void WorldEdge::crop(const Points& line, Points& pieces) const {
         if (last_out && !out && i > 0) {
             if (pieces.num > 0)
                 pieces.add(Const::MISS, Const::MISS);
-            pieces.add(crossing(point, last));
+            pieces.add(meet(point, last));
         } else if (!last_out && out && excess(last) < 0) {
-            pieces.add(crossing(last, point));
+            pieces.add(meet(last, point));
         }
         if (!out)
             pieces.add(point);
@@ -110,11 +195,16 @@ void WorldEdge::closeAroundPole(Points& ring) const {
     for (int i = 0; i < ring.num; i++)
         sum += ring.getY1(i);
     const double pole = sum < 0 ? -poleY() : poleY();
-    // In steps, since the edge is an arc on the ellipse.
+    // In steps, since a meridian is an arc on the ellipse.
+    const auto add = [&](const Point& from, int k) {
+        const double y = from.y + (pole - from.y) * k / pole_steps;
+        const double x = limit(from.y) > 0 ? from.x * limit(y) / limit(from.y) : 0;
+        ring.add(static_cast<float>(x), static_cast<float>(y));
+    };
     for (int k = 1; k <= pole_steps; k++)
-        ring.add(last.x, static_cast<float>(last.y + (pole - last.y) * k / pole_steps));
+        add(last, k);
     for (int k = pole_steps; k >= 0; k--)
-        ring.add(first.x, static_cast<float>(first.y + (pole - first.y) * k / pole_steps));
+        add(first, k);
 }
 
 int WorldEdge::limb(const EarthPoint& earth, Point& point) const {

@@ -13,6 +13,20 @@ class WorldEdge {
 public:
     explicit WorldEdge(const Domain& dom) : domain(dom) {}
 
+    /// Makes a line whole that runs over the edge: what has gone around is moved by the width of
+    /// the world. The result is the sign of the first move, 0 for none, and shift then moves all to
+    /// the other side. A line crosses the edge at most once in each direction, see isSecondTurn.
+    int wrap(Point& a, Point& b) const;
+    int wrap(Points& line) const;
+    void shift(Point& a, Point& b, int side) const;
+    void shift(Points& line, int side) const;
+    /// Follows a line from a to b and counts its turns around the world; true, with turns as they
+    /// were, when it would go around once more.
+    bool isSecondTurn(const Point& a, const Point& b, int& turns) const;
+    /// Whether a line between two points would run over what isn't the world: across the gap of a
+    /// cone, or from rim to rim of a disc that shows the whole earth.
+    bool parts(const Point& a, const Point& b) const;
+
     /// Whether lines are cut at the edge. On the longitude-latitude map always; on a Mollweide
     /// ellipse only those that go on beyond it, as those over the date line do.
     bool cutsAlways() const { return domain.proj == 2; }
@@ -35,7 +49,9 @@ public:
 private:
     double limit(double y) const;
     double excess(const Point& point) const;
-    Point crossing(const Point& inside, const Point& outside) const;
+    Point meet(const Point& inside, const Point& outside) const;
+    int turn(const Point& a, const Point& b) const;
+    double coneAngle(const Point& point) const;
     double poleY() const;
 
     const Domain& domain;

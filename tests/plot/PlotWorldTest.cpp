@@ -1,0 +1,223 @@
+#include "PlotFixture.h"
+
+using namespace ORV;
+
+namespace {
+
+constexpr char world[] = "latlon:0:0,0,0,181,91,2,2"; // 2 degrees by 2
+constexpr double earth = 63.7122;                     // radius, 100 km
+constexpr double pi = 3.14159265358979;
+
+std::string text(const std::vector<std::vector<Point>>& shapes) {
+    std::string all;
+    for (const auto& shape : shapes) {
+        for (const Point& point : shape) {
+            char pair[40];
+            std::snprintf(pair, sizeof pair, "%.0f,%.0f ", point.x + 0.0, point.y + 0.0);
+            all += pair;
+        }
+        all += "/ ";
+    }
+    return all;
+}
+
+TEST_F(PlotTest, LinesOverTheDateLineShowOnBothSides) {
+    const struct {
+        const char* what;
+        std::vector<EarthPoint> line;
+        const char* drawn;
+    } rows[] = {
+        {"inside", {{0, 10}, {0, 40}}, "10,0 40,0 / "},
+        {"to the east", {{0, 170}, {20, -170}}, "170,0 180,10 / -180,10 -170,20 / "},
+        {"to the west", {{0, -160}, {0, 160}}, "-160,0 -180,0 / 180,0 160,0 / "},
+        {"out and back",
+         {{0, 170}, {10, -170}, {20, -170}, {30, 170}},
+         "170,0 180,5 / 180,25 170,30 / -180,5 -170,10 -170,20 -180,25 / "},
+        {"along the edge", {{0, 180}, {10, 180}, {20, 180}}, "180,0 180,10 180,20 / "},
+    };
+    for (const auto& row : rows) {
+        show(world);
+        EarthPoints line;
+        for (const EarthPoint& place : row.line)
+            line.add(place);
+        plot.drawLine(line);
+        EXPECT_EQ(text(lines()), row.drawn) << row.what;
+    }
+    show(world);
+    plot.drawLine(EarthPoint(0, 170), EarthPoint(20, -170));
+    EXPECT_EQ(text(lines()), "170,0 180,10 / -180,10 -170,20 / ");
+}
+
+TEST_F(PlotTest, CallersListStaysAsItIs) {
+    show(world);
+    Points line;
+    line.add(170, 0);
+    line.add(-170, 0);
+    plot.drawFill(line);
+    plot.drawLine(line);
+    EXPECT_EQ(line.getX(1), -170);
+    EXPECT_EQ(lines().size(), 2u) << "after a fill of the same list";
+}
+
+TEST_F(PlotTest, MissingPointsPartALine) {
+    show(world);
+    const float none = Const::MISS;
+    Points line;
+    for (const Point& point : {Point(0, 0), Point(10, 0), Point(none, none), Point(20, 0),
+                               Point(none, 5), Point(NAN, 5), Point(30, 0), Point(40, 0)})
+        line.add(point);
+    plot.drawLine(line);
+    EXPECT_EQ(text(lines()), "0,0 10,0 / 30,0 40,0 / ");
+    device->take();
+    plot.drawSpline(line);
+    EXPECT_EQ(lines().size(), 2u);
+    device->take();
+    EXPECT_EQ(plot.drawLine(Point(0, 0), Point(none, none)), 0);
+    EXPECT_EQ(plot.drawMark(none, none) + plot.drawText(Point(), "A"), 0);
+    EXPECT_EQ(device->take(), "");
+}
+
+TEST_F(PlotTest, NothingRunsAcrossAnyMap) {
+    // Parallels, two turns of them, and meridians, and circles over a pole and the date line.
+    const struct {
+        const char* domain;
+        double longest; // of a straight piece; steps are 5 degrees, 5.6 units at the equator
+    } rows[] = {
+        {world, 20}, // the circle around the pole takes steps of 18 degrees
+        {"merc:0:0,0,0,81,61,5,5", 35},
+        {"moll:0:0,0,0,101,51,3,3", 13}, // aslant near the edge
+        {"ortho:40:-100,40,-100,61,61,2.2,2.2", 5.7},
+        {"sat:0:-75,0,-75,61,61,2,2", 7},
+        {"lambaz:0:0,0,0,91,91,3,3", 63},
+        {"lamb:90:-100:30:60,60,-100,91,91,5,5", 30},
+        {"albers:90:-100:30:60,60,-100,91,91,5,5", 30},
+        {"lamb:-90:0:-30:-60,-60,0,91,91,5,5", 30},
+        {"albers:-90:0:-30:-60,-60,0,91,91,5,5", 30},
+    };
+    for (const auto& row : rows) {
+        show(row.domain);
+        const float north = plot.getPLat() < 0 ? -1 : 1; // cones spread beyond the other pole
+        for (int lat = -30; lat <= 80; lat += 5) {
+            EarthPoints parallel;
+            for (int lon = -180; lon <= 540; lon += 5)
+                parallel.add(north * static_cast<float>(lat), static_cast<float>(lon));
+            plot.drawLine(parallel);
+        }
+        for (int lon = -180; lon <= 180; lon += 5) {
+            EarthPoints meridian;
+            for (int lat = -30; lat <= 80; lat += 5)
+                meridian.add(north * static_cast<float>(lat), static_cast<float>(lon));
+            plot.drawLine(meridian);
+        }
+        for (const EarthPoint& center : {EarthPoint(north * 89, 20), EarthPoint(10, 178)})
+            plot.drawCircle(center, 400);
+        EXPECT_GT(lines().size(), 60u) << row.domain;
+        EXPECT_LT(longest(lines()), row.longest) << row.domain;
+    }
+}
+
+TEST_F(PlotTest, MollweideLinesStayInTheEllipse) {
+    show("moll:0:0,0,0,101,51,3,3");
+    EarthPoints line, box;
+    for (int lat = 50; lat <= 80; lat += 2)
+        line.add(static_cast<float>(lat), lat % 4 ? 165.0f : -165.0f);
+    for (const EarthPoint& corner : {EarthPoint(50, 160), EarthPoint(70, 160), EarthPoint(70, -160),
+                                     EarthPoint(50, -160), EarthPoint(50, 160)})
+        box.add(corner);
+    plot.drawLine(line);
+    plot.drawFill(box);
+    EXPECT_GE(lines().size(), 8u);
+    EXPECT_EQ(fills().size(), 2u);
+    for (const auto& shapes : {lines(), fills()})
+        for (const Shape& shape : shapes)
+            for (const Point& point : shape)
+                EXPECT_LT(std::hypot(point.x / (2 * earth), point.y / earth), 1.01);
+}
+
+TEST_F(PlotTest, PolygonOverTheDateLineIsFilledOnBothSides) {
+    show(world);
+    EarthPoints box;
+    for (const EarthPoint& corner : {EarthPoint(0, 170), EarthPoint(10, 170), EarthPoint(10, -170),
+                                     EarthPoint(0, -170), EarthPoint(0, 170)})
+        box.add(corner);
+    plot.drawFill(box);
+    EXPECT_EQ(text(fills()), "170,0 170,10 190,10 190,0 170,0 / "
+                             "-190,0 -190,10 -170,10 -170,0 -190,0 / ");
+}
+
+TEST_F(PlotTest, RingAroundAPoleIsFilledUpToIt) {
+    EarthPoints ring;
+    for (int lon = 0; lon <= 360; lon += 5)
+        ring.add(-70, static_cast<float>(lon));
+    show(world);
+    plot.drawFill(ring);
+    for (const Shape& shape : fills())
+        EXPECT_NEAR(area(shape), 360 * 20, 40);
+    EXPECT_EQ(fills().size(), 2u);
+
+    // An equal-area map, on which the earth, an ellipse of R by 2R, takes 2 pi R^2: the cap takes
+    // the share of (1 - sin 70) / 2 that it has on the sphere.
+    show("moll:0:0,0,0,101,51,3,3");
+    plot.drawFill(ring);
+    double sum = 0;
+    for (const Shape& shape : fills())
+        sum += area(shape);
+    EXPECT_NEAR(sum, pi * earth * earth * (1 - std::sin(70 * pi / 180)), 8);
+}
+
+// What a hemisphere shows from space: half the disc, and the half ellipse of its edge.
+TEST_F(PlotTest, PolygonBehindTheLimbIsFilledAlongIt) {
+    show("ortho:30:0,30,0,61,61,2.2,2.2");
+    EarthPoints equator, hidden;
+    for (int lon = 0; lon <= 360; lon += 5)
+        equator.add(0, static_cast<float>(lon));
+    plot.drawFill(equator);
+    ASSERT_EQ(fills().size(), 1u);
+    EXPECT_NEAR(area(fills()[0]), pi * earth * earth / 2 * (1 + std::sin(30 * pi / 180)), 100);
+    device->take();
+
+    for (const EarthPoint& corner :
+         {EarthPoint(-60, 170), EarthPoint(-50, 170), EarthPoint(-50, -170), EarthPoint(-60, 170)})
+        hidden.add(corner);
+    EXPECT_EQ(plot.drawFill(hidden), 0);
+    EXPECT_EQ(device->take(), "");
+
+    // From a satellite the limb is 81.3 degrees away: its scan angle has the sine R / orbit.
+    show("sat:0:0,0,0,61,61,2,2");
+    plot.drawFill(equator);
+    EarthPoints cap;
+    for (int lon = -180; lon <= 180; lon += 5)
+        cap.add(40, static_cast<float>(lon));
+    device->take();
+    plot.drawFill(cap);
+    const std::vector<Shape> caps = fills();
+    ASSERT_EQ(caps.size(), 1u);
+    const double limb = std::tan(std::asin(earth / 421.64)) * 421.64;
+    double top = 0;
+    for (const Point& point : caps[0]) {
+        EXPECT_LT(std::hypot(point.x, point.y), limb * 1.03);
+        top = std::max<double>(top, point.y);
+    }
+    EXPECT_NEAR(top, limb, 0.3) << "up to the upper limb, though the pole is hidden";
+}
+
+TEST_F(PlotTest, SurfaceCoordinatesAreNotWrapped) {
+    show(world);
+    plot.graph.activateTran(0);
+    device->take();
+    Points frame;
+    frame.add(0.1f, 0.1f);
+    frame.add(0.9f, 0.1f);
+    plot.drawLine(frame);
+    EXPECT_EQ(device->take(), "line 1 100.0,400.0 900.0,400.0\n");
+}
+
+TEST_F(PlotTest, GridAndEarthFormsMeetOnTheMap) {
+    show(world);
+    plot.drawLine(GridPoint(90, 45), GridPoint(95, 45)); // column 90 lies at 0, row 45 at 0
+    plot.drawLine(EarthPoint(0, 0), EarthPoint(0, 10));
+    EXPECT_EQ(device->calls[0], device->calls[1]);
+    EXPECT_EQ(text(lines()), "0,0 10,0 / 0,0 10,0 / ");
+}
+
+} // namespace
