@@ -35,7 +35,7 @@ public:
     };
 
     String dir;       ///< directory below which the hour files lie
-    String city_file; ///< city file as the user names it; empty for the default, "none" for none
+    String city_file; ///< city file as the user names it; "none" for none
     int type;         ///< format of the hour files, a type of SfcFile
 
     /// Takes the directory, the format and the city file from the resources "con_path", "type" and
@@ -74,7 +74,7 @@ private:
     std::unordered_map<std::string, bool> known; // of the stations asked for
     std::map<long, Hour> hours;                  // by their seconds since 1970
     long rejects[NUM_REJECT] = {};
-    std::string city_name; // for the messages
+    bool has_cities = false;
 };
 
 } // namespace ORV

@@ -118,7 +118,11 @@ int MetarCache::read() {
         checkEnd();
         return 0;
     }
-    if (row->getNum() < num_column && !input.hasLineEnd()) {
+    if (!input.hasLineEnd() && input.isDamaged()) {
+        checkEnd();
+        return 0;
+    }
+    if (!input.hasLineEnd() && row->getNum() < num_column) {
         error = "the file ends within this row";
         return 0;
     }

@@ -236,7 +236,7 @@ void Body::readVisibility(string_view word) {
 
 // A column that is off by more than rounding was misread.
 void readTemperatures(const MetarCache& row, const Body& body, SfcData& data) {
-    constexpr float rounding = 0.6f;
+    constexpr float rounding = 1;
     const auto choose = [](float column, float text) {
         return has(text) && !(std::fabs(column - text) < rounding) ? text : column;
     };

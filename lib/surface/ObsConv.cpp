@@ -87,7 +87,7 @@ std::string resolve(const std::string& path) {
 
 ObsConv::ObsConv() {
     dir.set(Orv::getResrc("con_path", "."));
-    city_file.set(Orv::getResrc("city_file", ""));
+    city_file.set(Orv::getResrc("city_file", "sao.cty"));
     type = SfcFile::getType(Orv::getResrc("type", "orv"));
 }
 
@@ -122,10 +122,8 @@ Orv::Error ObsConv::setup() {
     }
 
     String name;
-    if (!CityTool::getFilename(city_file.valid() ? city_file.get() : nullptr, name))
-        return Orv::NOERR;
-    city_name = name.get();
-    if (!cities.setup(name.get())) {
+    has_cities = CityTool::getFilename(city_file.get(), name);
+    if (has_cities && !cities.setup(city_file.get())) {
         Orv::outError("obsconv: the city file %s can't be read; -cf none does without\n",
                       name.get());
         return Orv::NODBASE;
@@ -187,7 +185,7 @@ bool ObsConv::isKnown(const char* id) {
     if (found != known.end())
         return found->second;
     CityHashData city;
-    return known[id] = !city_name.empty() && cities.get(id, city);
+    return known[id] = has_cities && cities.get(id, city);
 }
 
 // Gives each hour its file.

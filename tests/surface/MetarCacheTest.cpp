@@ -1,0 +1,348 @@
+#include "ORV/MetarCache.h"
+
+#include "ORV/MetarRemarks.h"
+#include "ORV/MetarReport.h"
+
+#include "frame/FrameFixture.h"
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <string>
+
+using namespace ORV;
+
+namespace {
+constexpr float miss = Const::MISS;
+
+class MetarCacheTest : public FrameFixture {
+protected:
+    static const std::string names;
+
+    static std::string readStations(const char* name, std::string& error) {
+        MetarCache cache;
+        cache.open(name);
+        std::string ids;
+        while (cache.read())
+            ids += std::string(cache.get(MetarCache::STATION)) + (cache.isWhole() ? " " : "! ");
+        error = cache.getError();
+        return ids;
+    }
+    static void pack(const char* name, const std::string& text, std::size_t cut_by = 0) {
+        gzFile out = gzopen(name, "wb");
+        gzwrite(out, text.data(), static_cast<unsigned>(text.size()));
+        gzclose(out);
+        std::filesystem::resize_file(name, std::filesystem::file_size(name) - cut_by);
+    }
+};
+const std::string MetarCacheTest::names = "raw_text,station_id,observation_time\n";
+
+// The report of one row in a table of the columns named.
+MetarReport::Fault decode(const std::string& columns, const std::string& values,
+                          MetarReport& report) {
+    std::ofstream("row.csv") << "station_id,observation_time,raw_text," << columns << "\n"
+                             << "KDCA,2025-01-27T17:55:00Z," << values << "\n";
+    MetarCache cache;
+    EXPECT_EQ(cache.open("row.csv"), 1) << cache.getError();
+    EXPECT_EQ(cache.read(), 1);
+    return report.decode(cache);
+}
+
+SfcData decodeRow(const std::string& columns, const std::string& values) {
+    MetarReport report;
+    EXPECT_EQ(decode(columns, values, report), MetarReport::GOOD) << values;
+    return report.data;
+}
+
+std::string getSky(const SfcData& data) {
+    std::string text;
+    for (int i = 0; i < data.num_cld; i++)
+        text +=
+            std::string(i ? " " : "") + data.cloud[i].cover +
+            (data.cloud[i].height == miss ? "-"
+                                          : std::to_string(static_cast<int>(data.cloud[i].height)));
+    return text;
+}
+} // namespace
+
+TEST_F(MetarCacheTest, FindsItsColumnsByName) {
+    writeFile("a.csv",
+              "No errors\r\n12 ms\r\n\r\nobservation_time,sky_cover,\"raw_text\",sky_cover,"
+              "extra,station_id\r\nt1,BKN,\"KDCA 1755Z, RMK \"\"X\"\"\",OVC,,KDCA\r\n");
+    MetarCache cache;
+    ASSERT_EQ(cache.open("a.csv"), 1);
+    ASSERT_EQ(cache.read(), 1);
+    EXPECT_STREQ(cache.get(MetarCache::STATION), "KDCA");
+    EXPECT_STREQ(cache.get(MetarCache::RAW_TEXT), "KDCA 1755Z, RMK \"X\"");
+    EXPECT_STREQ(cache.get(MetarCache::COVER, 1), "OVC");
+    EXPECT_STREQ(cache.get(MetarCache::COVER, 2), "");
+    EXPECT_STREQ(cache.get(MetarCache::BASE), "");
+    EXPECT_EQ(cache.getFloat(MetarCache::TEMP), miss);
+    EXPECT_EQ(cache.getLine(), 5);
+    EXPECT_EQ(cache.read(), 0);
+    EXPECT_STREQ(cache.getError(), "");
+}
+
+TEST_F(MetarCacheTest, AnyLineEndAndPackedTextAreTheSameTable) {
+    const std::string rows = names + "a,AAAA,t\nb,BBBB,t\n\nc,CCCC,t";
+    std::string error;
+    for (const char* end : {"\n", "\r\n", "\r"}) {
+        std::string text;
+        for (const char c : rows)
+            text += c == '\n' ? std::string(end) : std::string(1, c);
+        writeFile("a.csv", text);
+        pack("a.gz", text);
+        EXPECT_EQ(readStations("a.csv", error), "AAAA BBBB CCCC ");
+        EXPECT_EQ(readStations("a.gz", error), "AAAA BBBB CCCC ");
+        EXPECT_EQ(error, "");
+    }
+    // Long enough to be read in several pieces, with line ends at their borders.
+    std::string text = names;
+    for (int i = 0; i < 20000; i++)
+        text += std::string(i % 17, 'x') + ",ABCD,t\r\n";
+    writeFile("a.csv", text);
+    EXPECT_EQ(readStations("a.csv", error).size(), 20000u * 5);
+    pack("a.gz", text);
+    EXPECT_EQ(readStations("a.gz", error).size(), 20000u * 5);
+}
+
+TEST_F(MetarCacheTest, BadRowSpoilsNoOther) {
+    std::string error;
+    writeFile("a.csv", names + "a,AAAA,t\n\"open,BBBB,t\nc,CCCC,t\nd,DDDD\ne,EEEE,t,more\n" +
+                           std::string("f\0,FFFF,t\n", 10) + std::string(100000, 'g') +
+                           ",GGGG,t\nh,HHHH,t\n");
+    EXPECT_EQ(readStations("a.csv", error), "AAAA ! CCCC DDDD! EEEE! FFFF! ! HHHH ");
+    EXPECT_EQ(error, "");
+}
+
+TEST_F(MetarCacheTest, CutAndForeignInputIsNamed) {
+    writeFile("empty", "");
+    writeFile("other", "id,name\nKDCA,Washington\n");
+    writeFile("binary", std::string("\0\1\2\377,,\n\0", 9));
+    writeFile("cut", names + "a,AAAA,t\nb,BB");
+    writeFile("fewer", "No errors\n3 results\n" + names + "a,AAAA,t\nb,BBBB,t\n");
+    pack("packed", names + "a,AAAA,t\nb,BBBB,t\nc,CCCC,t\n", 12);
+    pack("broken", names + "a,AAAA,t\n");
+    {
+        std::fstream file("broken", std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(12);
+        file.write("\377\377\377\377\377", 5);
+    }
+    const struct {
+        const char *name, *word;
+    } cases[] = {
+        {"empty", "empty"},           {"other", "column names"},     {"binary", "column names"},
+        {"cut", "within this row"},   {"fewer", "after 2 of its 3"}, {"packed", "damaged or cut"},
+        {"broken", "damaged or cut"}, {"absent", "can't be opened"},
+    };
+    for (const auto& c : cases) {
+        std::string error;
+        readStations(c.name, error);
+        EXPECT_NE(error.find(c.word), std::string::npos) << c.name << ": " << error;
+    }
+}
+
+TEST_F(MetarCacheTest, WindsOfBothForms) {
+    const struct {
+        const char* values;
+        float dir, spd;
+    } cases[] = {
+        {"270,12", 270, 12}, {"VRB,4", miss, 4},  {"0,4", miss, 4},        {"0,0", 0, 0},
+        {"360,9", 360, 9},   {"90,", miss, miss}, {"210,210", miss, miss}, {"250,105", 250, 105},
+    };
+    for (const auto& c : cases) {
+        const SfcData data =
+            decodeRow("wind_dir_degrees,wind_speed_kt,temp_c", std::string(",") + c.values + ",5");
+        EXPECT_EQ(data.dir, c.dir) << c.values;
+        EXPECT_EQ(data.spd, c.spd) << c.values;
+    }
+}
+
+TEST_F(MetarCacheTest, SkyComesFromTheText) {
+    const struct {
+        const char *raw, *columns, *sky;
+    } cases[] = {
+        {"KDCA 271755Z 27012KT 10SM FEW250 22/18 A3012", "FEW,25000,,", "F25000"},
+        {"EHKD 271755Z 23014KT BR FEW004 BKN025 10/10 Q1006 GRN SCT005", "FEW,400,BKN,2500",
+         "F400 B2500"},
+        {"CYKY 271755Z 15SM FEW060 FEW070 FEW110 SCT210 SCT240 M01/M05 A2988", "FEW,6000,FEW,7000",
+         "F6000 F7000 F11000 S21000 S24000"},
+        {"ESUD 271755Z AUTO 13003KT 9000 OVC004/// M08/M09 Q0992", ",,,", "O400"},
+        {"ENFG 271755Z 0300 FZFG NSC M12/M13 Q0987", ",,,", "C-"},
+        {"OPST 271755Z 0600 FG VV/// 08/08 Q1022", "OVX,0,,", "X-"},
+        {"SGES 271755Z SCT030 FEW040TCUBKN070CB 27/25 Q1009", ",,,", "S3000 F4000 B7000"},
+        {"KQER 271755Z / /CLR M07/M21 A3044", "CLR,,,", "C-"},
+        {"", "CAVOK,,,", "C-"},
+        {"", "OVX,0,SCT,900", "X600 S900"},
+        {"EHWO 271755Z NOSIG TEMPO OVC005 10/10", ",,,", ""},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(getSky(decodeRow("sky_cover,cloud_base_ft_agl,sky_cover,cloud_base_ft_agl,"
+                                   "vert_vis_ft,temp_c",
+                                   std::string(c.raw) + "," + c.columns + ",600,10")),
+                  c.sky)
+            << c.raw;
+}
+
+TEST_F(MetarCacheTest, WeatherComesFromTheTextToo) {
+    const struct {
+        const char *raw, *column, *weather;
+    } cases[] = {
+        {"KWLD 271755Z 5SM UP BR BKN006 00/M01 A3015 RMK RAB22", "BR UP", "!UP_BR"},
+        {"LESO 271755Z 3000 -RADZ BR SCT005 11/11 Q1030", "-RA -DZ BR", "!-RADZ_BR"},
+        {"MYNN 271755Z 9999 SCT025 23/18 A3011 PKWND 12KTS", "TS", ""},
+        {"VGHS 271755Z 1800HZ NSC 20/13 Q1016", "HZ", "!HZ"},
+        {"LIPO 271755Z 0150 VCFZFG +TSRAGR BLSN DZ 02/02 Q1018", "", "!VCFZFG_+TSRAGR_BLSN"},
+        {"UUWW 271755Z RA 04/04 Q1013 TEMPO TSRA", "RA TSRA", "!RA"},
+        {"", "-SN BR", "!-SN_BR"},
+        {"", "null", ""},
+    };
+    for (const auto& c : cases)
+        EXPECT_STREQ(
+            decodeRow("wx_string,temp_c", std::string(c.raw) + "," + c.column + ",1").weather,
+            c.weather)
+            << c.raw;
+}
+
+TEST_F(MetarCacheTest, ValuesThatAreMarksOrFloorsOrMisread) {
+    const std::string columns = "temp_c,dewpoint_c,visibility_statute_mi,altim_in_hg,"
+                                "sea_level_pressure_mb,latitude,longitude,elevation_m";
+    SfcData data = decodeRow(columns, "KDCA 271755Z,null,3,10+,0.00,,-99.99,-99.99,9999");
+    EXPECT_EQ(data.t, miss);
+    EXPECT_EQ(data.td, miss);
+    EXPECT_EQ(data.vis, 10);
+    EXPECT_EQ(data.alt, miss);
+    EXPECT_EQ(data.lat, miss);
+    EXPECT_EQ(data.elev, miss);
+    data = decodeRow(columns,
+                     "LIRQ 271755Z 0400 R05/0500/ 07/M01 Q1019,0,,,30.079725,1019.0,41.8,,86");
+    EXPECT_EQ(data.t, 7);
+    EXPECT_EQ(data.td, -1);
+    EXPECT_NEAR(data.vis, 0.249, 0.001) << "400 m";
+    EXPECT_FLOAT_EQ(data.alt, 30.08f);
+    EXPECT_EQ(data.slp, miss) << "the altimeter setting over again";
+    EXPECT_EQ(data.lat, miss) << "no position without a longitude";
+    EXPECT_EQ(data.elev, 86);
+    data = decodeRow(columns,
+                     "CYPH 271755Z 03019KT M25/M29 A2901 RMK SLP830,-25,-29,3,29.01,983,1,2,3");
+    EXPECT_FLOAT_EQ(data.slp, 983);
+    data = decodeRow(columns, "LSMD 271755Z 9999NDV,6,4,,29.62,990.2,47,8,436");
+    EXPECT_NEAR(data.vis, 6.21, 0.01) << "10 km";
+    EXPECT_FLOAT_EQ(data.slp, 990.2f);
+}
+
+TEST_F(MetarCacheTest, FaultsOfARow) {
+    std::ofstream("bad.csv") << "station_id,observation_time,raw_text,temp_c\n"
+                                ",2025-01-27T17:55:00Z,x,1\n"
+                                "a b,2025-01-27T17:55:00Z,x,1\n"
+                                "KDCA,,x,1\n"
+                                "KDCA,2025-02-29T17:55:00Z,x,1\n"
+                                "KDCA,2025-01-27T24:55:00Z,x,1\n"
+                                "KDCA,2025-01-27T17:55:00Z,KDCA 271755Z NIL,\n"
+                                "KDCA,2024-02-29T17:55:00.000Z,KDCA 271755Z,1\n"
+                                "KDCA,2025-01-27T17:55:00Z,1\n";
+    const MetarReport::Fault faults[] = {MetarReport::NO_STATION, MetarReport::NO_STATION,
+                                         MetarReport::NO_TIME,    MetarReport::NO_TIME,
+                                         MetarReport::NO_TIME,    MetarReport::NO_VALUE,
+                                         MetarReport::GOOD,       MetarReport::DAMAGED};
+    MetarCache cache;
+    MetarReport report;
+    ASSERT_EQ(cache.open("bad.csv"), 1);
+    for (const auto fault : faults) {
+        ASSERT_EQ(cache.read(), 1);
+        EXPECT_EQ(report.decode(cache), fault) << cache.getLine();
+    }
+}
+
+TEST_F(MetarCacheTest, HourAndRankOfAReport) {
+    const auto make = [](int hour, int min, bool routine, bool corrected) {
+        MetarReport report;
+        report.data.date = Date(2024, 12, 31, hour, min, 0);
+        report.routine = routine;
+        report.corrected = corrected;
+        return report;
+    };
+    const auto hourOf = [](const MetarReport& report) { return Date(report.getHourSeconds()); };
+    EXPECT_EQ(hourOf(make(23, 50, true, false)).year, 2025);
+    EXPECT_EQ(hourOf(make(23, 50, true, false)).hour, 0);
+    EXPECT_EQ(hourOf(make(23, 49, true, false)).hour, 23);
+
+    const MetarReport at55 = make(17, 55, true, false), at10 = make(18, 10, true, false);
+    const MetarReport special = make(18, 0, false, false), later = make(18, 40, false, false);
+    const MetarReport corrected = make(17, 55, true, true);
+    EXPECT_TRUE(at55.isBetter(special) && !special.isBetter(at55)) << "routine";
+    EXPECT_TRUE(at55.isBetter(at10) && !at10.isBetter(at55)) << "nearer";
+    EXPECT_TRUE(later.isBetter(special) && !special.isBetter(later)) << "latest";
+    EXPECT_TRUE(corrected.isBetter(at55) && !at55.isBetter(corrected)) << "corrected";
+}
+
+// The forms are those of the handbook, the values worked out from it.
+TEST(MetarRemarks, ReadsTheCodedGroups) {
+    MetarRemarks r;
+    EXPECT_EQ(
+        r.decode("KDCA 271755Z 08/06 A2992 RMK AO2 PK WND 11025/1732 SLP134 P0021 60123 70250 "
+                 "T00831056 10106 21056 401060056 52014 4/012 8/6// TSNO $"),
+        11);
+    EXPECT_FLOAT_EQ(r.t, 8.3f);
+    EXPECT_FLOAT_EQ(r.td, -5.6f);
+    EXPECT_EQ(r.slp, 134);
+    EXPECT_FLOAT_EQ(r.prec1, 5.334f);
+    EXPECT_FLOAT_EQ(r.prec, 31.242f);
+    EXPECT_FLOAT_EQ(r.prec24, 63.5f);
+    EXPECT_FLOAT_EQ(r.max6_t, 10.6f);
+    EXPECT_FLOAT_EQ(r.min6_t, -5.6f);
+    EXPECT_FLOAT_EQ(r.max_t, 10.6f);
+    EXPECT_FLOAT_EQ(r.min_t, 5.6f);
+    EXPECT_EQ(r.ptend_type, 2);
+    EXPECT_FLOAT_EQ(r.ptend, 1.4f);
+    EXPECT_FLOAT_EQ(r.snow_cov, 30.48f);
+    EXPECT_EQ(std::string(r.cld_type, 3), "6  ");
+
+    r.decode("KDCA RMK A02 58033 T0122");
+    EXPECT_FLOAT_EQ(r.ptend, -3.3f) << "a fall";
+    EXPECT_FLOAT_EQ(r.t, 12.2f);
+    EXPECT_EQ(r.td, miss) << "a sensor without dewpoint";
+    r.decode("KDCA RMK AO2 54000 60000");
+    EXPECT_EQ(r.ptend, 0);
+    EXPECT_EQ(r.prec, 0) << "a trace";
+}
+
+TEST(MetarRemarks, LooksNowhereElse) {
+    for (const char* text : {"OPLA T00831056 10106 52014 P0021", "LFPG RMK T00831056 10106 52014",
+                             "KDCA RMK T00831056 AO2",
+                             "KDCA RMK AO2 T0083105 T008310567 11018/0614 6//// 59014 52999 "
+                             "P000 4/01 30490245 1000 I1001 PRESRR SLPNO T22831056"}) {
+        MetarRemarks r;
+        r.decode(text);
+        EXPECT_EQ(r.t, miss) << text;
+        EXPECT_EQ(r.ptend, miss) << text;
+        EXPECT_EQ(r.max6_t, miss) << text;
+        EXPECT_EQ(r.prec1, miss) << text;
+        EXPECT_EQ(r.snow_cov, miss) << text;
+    }
+    MetarRemarks r;
+    r.decode("ROTM RMK WND 28010 SLP258 T01500072");
+    EXPECT_EQ(r.slp, 258) << "bears its name";
+    EXPECT_EQ(r.t, miss);
+}
+
+TEST(MetarRemarks, HourAndAltimeterCompleteThem) {
+    MetarRemarks r;
+    r.decode("KDCA RMK AO2 SLP552 60010");
+    const struct {
+        int hour;
+        float alt, prec3, prec6, slp;
+    } cases[] = {
+        {18, miss, miss, 2.54f, 955.2f},
+        {15, 31.15f, 2.54f, miss, 1055.2f},
+        {14, 28.20f, miss, miss, 955.2f},
+    };
+    for (const auto& c : cases) {
+        SfcData data;
+        data.date = Date(2025, 1, 27, c.hour - 1, 55, 0);
+        data.alt = c.alt;
+        r.apply(data);
+        EXPECT_FLOAT_EQ(data.prec3, c.prec3) << c.hour;
+        EXPECT_FLOAT_EQ(data.prec6, c.prec6) << c.hour;
+        EXPECT_FLOAT_EQ(data.slp, c.slp) << c.hour;
+    }
+}

@@ -1,0 +1,272 @@
+#include "ORV/SfcData.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace ORV;
+
+namespace {
+constexpr float miss = Const::MISS;
+
+void setClouds(SfcData& data, const char* covers, float first_height) {
+    for (int i = 0; covers[i]; i++) {
+        data.setCldCover(i, covers[i]);
+        data.setCldHeight(i, first_height * (i + 1));
+    }
+}
+
+std::string capturePrint(const SfcData& data) {
+    testing::internal::CaptureStdout();
+    data.print();
+    return testing::internal::GetCapturedStdout();
+}
+} // namespace
+
+TEST(SfcData, BelongsToTheNextHourFromMinuteFifty) {
+    const struct {
+        int hour, min, belongs, time;
+    } cases[] = {{23, 50, 0, 2350}, {23, 49, 23, 2349}, {12, 50, 13, 1250}, {0, 0, 0, 0}};
+    SfcData data;
+    EXPECT_EQ(data.getHour(), Const::MISS);
+    EXPECT_EQ(data.getTime(), Const::MISS);
+    for (const auto& c : cases) {
+        data.setDate(Date(2025, 1, 27, c.hour, c.min, 0));
+        EXPECT_EQ(data.getHour(), c.belongs);
+        EXPECT_EQ(data.getTime(), c.time);
+    }
+    data.setDate(Date(2025, 1, 27, 6, Const::MISS, Const::MISS));
+    EXPECT_EQ(data.getTime(), 600);
+}
+
+TEST(SfcData, CeilingAndSummaryCover) {
+    const struct {
+        const char* covers;
+        float ceiling; // bases stand at 1000, 2000, ... feet
+        char summary;
+        const char* what;
+    } cases[] = {
+        {"", miss, ' ', "no layers"},
+        {"x", 1000, 'x', "one layer, whatever its cover"},
+        {"FSBO", 3000, 'O', "the first broken base"},
+        {"FS", 2000, 'S', "without a ceiling the highest base"},
+        {"FC", miss, 'C', "a clear layer starts afresh"},
+        {"BFB", 3000, 'B', "few above a ceiling lowers the rank again"},
+        {"BO", 1000, 'O', "overcast above broken"},
+        {"OX", 2000, 'X', "obscured outranks"},
+        {"XB", 1000, 'B', "and stays"},
+        {"1378", 3000, 'O', "figures"},
+    };
+    for (const auto& c : cases) {
+        SfcData data;
+        setClouds(data, c.covers, 1000);
+        EXPECT_EQ(data.getCldHeight(), c.ceiling) << c.what;
+        EXPECT_EQ(data.getCldCover(), c.summary) << c.what;
+    }
+}
+
+TEST(SfcData, IndexesOutOfRangeChangeNothing) {
+    SfcData data;
+    EXPECT_EQ(data.setCldHeight(5, 100), 0);
+    EXPECT_EQ(data.setCldHeight(-1, 100), 0);
+    EXPECT_EQ(data.setCldCover(5, 'B'), Const::MISS);
+    EXPECT_EQ(data.setCldType(3, '1'), 0);
+    EXPECT_EQ(data.num_cld, 0);
+    EXPECT_EQ(data.getCldHeight(5), miss);
+    EXPECT_EQ(static_cast<unsigned char>(data.getCldCover(5)), 241);
+    EXPECT_EQ(data.getCldType(3), ' ');
+    EXPECT_EQ(data.setCldHeight(2, 4500), 1);
+    EXPECT_EQ(data.num_cld, 3);
+    EXPECT_EQ(data.setWmo("x"), 0);
+    EXPECT_EQ(data.setWmo("72403"), 1);
+    EXPECT_EQ(data.wmo, 72403);
+}
+
+TEST(SfcData, CommentKeepsToItsRoom) {
+    SfcData data;
+    data.addComment("PK WND  28035/1832 SLP132", 2);
+    EXPECT_STREQ(data.comment, "PK WND ");
+    data.addComment("none", 0);
+    EXPECT_STREQ(data.comment, "PK WND ");
+    data.setComment("");
+    data.addComment("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 2);
+    EXPECT_STREQ(data.comment, "ABCDEFGHIJKLMNOPQRST UVWXYZ ");
+    data.setComment(std::string(150, 'x').c_str());
+    EXPECT_EQ(std::string(data.comment).size(), 99u);
+    data.addComment("more");
+    EXPECT_EQ(std::string(data.comment).size(), 99u);
+}
+
+TEST(SfcData, CompareTellsTheGroupsApart) {
+    const SfcData none;
+    EXPECT_EQ(SfcData::compare(none, none), 0);
+    const struct {
+        void (*change)(SfcData&);
+        int mask;
+    } cases[] = {
+        {[](SfcData& d) { d.vis = 5; }, 0x0080},
+        {[](SfcData& d) { d.type = 1; }, 0x0001},
+        {[](SfcData& d) { d.date = Date(2025, 1, 27, 12, 0, 0); }, 0x0002},
+        {[](SfcData& d) { d.td = 5; }, 0x0004},
+        {[](SfcData& d) { d.alt = 30; }, 0x0008},
+        {[](SfcData& d) { d.gust = 30; }, 0x0010},
+        {[](SfcData& d) { d.setWeather("!RA"); }, 0x0020},
+        {[](SfcData& d) { d.cloud[4].cover = 'O'; }, 0x0040},
+        {[](SfcData& d) { d.ptend_type = 2; }, 0x0100},
+        {[](SfcData& d) { d.prec = 2; }, 0x0200},
+        {[](SfcData& d) { d.prec12 = 2; }, 0x0200},
+        {[](SfcData& d) { d.prec1 = 2; }, 0},
+        {[](SfcData& d) { d.min6_t = 2; }, 0x0400},
+        {[](SfcData& d) { d.snow_cov = 2; }, 0x0800},
+        {[](SfcData& d) { d.solar = 2; }, 0x1000},
+        {[](SfcData& d) { d.wav_hgt = 2; }, 0x2000},
+        {[](SfcData& d) { d.cld_type[2] = '2'; }, 0x4000},
+        {[](SfcData& d) { d.setComment("x"); }, 0x8000},
+    };
+    for (const auto& c : cases) {
+        SfcData data;
+        c.change(data);
+        EXPECT_EQ(SfcData::compare(data, none), c.mask) << std::hex << c.mask;
+    }
+    testing::internal::CaptureStdout();
+    SfcData::printDiff(0x8085);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "8085 type temp vis com \n");
+}
+
+TEST(SfcData, UpdateTakesWhatIsReported) {
+    SfcData data, src;
+    data.t = 10;
+    data.vis = 5;
+    data.setWeather("!RA");
+    data.prec1 = 4;
+    data.cld_type[1] = '7';
+    data.date = Date(2025, 1, 27, 12, 0, 0);
+    setClouds(data, "FBO", 1000);
+
+    src.t = 12;
+    src.td = 3;
+    src.prec1 = 9;
+    src.cld_type[0] = '5';
+    src.date = Date(2025, 1, 27, 13, 0, 0);
+    src.setWeather(" ");
+    src.setCldCover(0, 'S');
+    data.update(src, 0xFFFF & ~SfcData::VIS);
+    EXPECT_EQ(data.t, 12);
+    EXPECT_EQ(data.td, 3);
+    EXPECT_EQ(data.vis, 5);
+    EXPECT_STREQ(data.weather, "!RA") << "a blank is no report";
+    EXPECT_EQ(data.prec1, 4) << "has no group";
+    EXPECT_EQ(data.date.hour, 12) << "the time stays";
+    EXPECT_EQ(std::string(data.cld_type, 3), "57 ");
+    EXPECT_EQ(data.cloud[0].cover, 'S');
+    EXPECT_EQ(data.cloud[0].height, 1000) << "not reported again";
+    EXPECT_EQ(data.num_cld, 1);
+
+    src.setWeather("");
+    data.update(src, SfcData::WX);
+    EXPECT_STREQ(data.weather, "") << "an empty one says that there is none";
+}
+
+TEST(SfcData, SilenceOnPrecipitationCountsInASupplementarySection) {
+    SfcData data, plain, section;
+    data.prec6 = data.prec24 = 5;
+    plain.slp = 1010;
+    plain.t = 3;
+    section.max_t = 9;
+    section.prec24 = 7;
+    data.update(plain, SfcData::PREC);
+    EXPECT_EQ(data.prec6, 5);
+    data.update(section, SfcData::PREC);
+    EXPECT_EQ(data.prec6, miss);
+    EXPECT_EQ(data.prec24, 7);
+    EXPECT_EQ(data.max_t, miss) << "outside the mask";
+}
+
+TEST(SfcData, ValidateKeepsTheLimitsThemselves) {
+    SfcData data;
+    data.t = 20;
+    data.td = 25;
+    data.slp = 900;
+    data.alt = 33.01f;
+    data.spd = 120;
+    data.gust = 120;
+    data.dir = 361;
+    data.setCldHeight(1, 35000);
+    data.setCldHeight(2, 35001);
+    data.ptend_type = 10;
+    data.ptend = -10;
+    data.validate();
+    EXPECT_EQ(data.td, 20);
+    EXPECT_EQ(data.slp, 900);
+    EXPECT_EQ(data.alt, miss);
+    EXPECT_EQ(data.spd, miss);
+    EXPECT_EQ(data.gust, 120);
+    EXPECT_EQ(data.dir, miss);
+    EXPECT_EQ(data.cloud[1].height, 35000);
+    EXPECT_EQ(data.cloud[2].height, miss);
+    EXPECT_EQ(data.ptend_type, Const::MISS);
+    EXPECT_EQ(data.ptend, -10);
+    data.t = -101;
+    data.validate();
+    EXPECT_EQ(data.td, miss) << "no dewpoint without a temperature";
+}
+
+TEST(SfcData, PrintsWhatItHolds) {
+    EXPECT_EQ(capturePrint(SfcData()), "Data for: \n Date: MMMM/MM/MM MM:MM:MM\n");
+    SfcData data;
+    data.setId("KDCA");
+    data.setDate(Date(2025, 1, 27, 11, 55, 0));
+    data.t = -5;
+    data.dir = 270;
+    data.spd = 12;
+    data.gust = 20;
+    setClouds(data, "Sx", 3000);
+    data.cloud[1].height = miss;
+    data.setWeather("!-SN");
+    data.prec6 = 2.54f;
+    data.snow_cov = 10;
+    EXPECT_EQ(capturePrint(data), "Data for: KDCA\n"
+                                  " Date: 2025/01/27 11:55:00.000\n"
+                                  " Report time:        1155 Z\n"
+                                  " Temperature:        -5.0 C =  23 F\n"
+                                  " Winds:               270 deg at 12 knt Gusts: 20 knt\n"
+                                  " Clouds:level 1:   3000 feet scattered\n"
+                                  "                            partially obscured\n"
+                                  " Present weather:     light snow\n"
+                                  " 6 hour precip:         2.5 mm = 0.10 in\n"
+                                  " Snow cover:           10 cm =   4 in\n");
+    data.spd = 0;
+    data.gust = miss;
+    EXPECT_NE(capturePrint(data).find(" Winds:               calm\n"), std::string::npos);
+}
+
+TEST(SfcData, TableLineKeepsItsColumns) {
+    SfcData data;
+    String heading, line;
+    EXPECT_EQ(data.outString(heading), 0);
+    EXPECT_STREQ(
+        heading.get(),
+        "ID     TIME   T  TD  RH DIR SPD GST ALT SLP VIS CIL  COV WX  MAX MIN  PR6 PR24 SC");
+    data.setId("KDCA");
+    data.setDate(Date(2025, 1, 27, 11, 55, 0));
+    data.t = 20;
+    data.td = 20;
+    data.dir = 270;
+    data.spd = 12;
+    data.alt = 30.12f;
+    data.slp = 1020.1f;
+    data.vis = 1.5f;
+    setClouds(data, "SB", 3000);
+    data.setWeather("!-SHRA");
+    data.max6_t = 25;
+    data.prec6 = 3;
+    data.snow_cov = 10;
+    EXPECT_EQ(data.outString(line), 1);
+    EXPECT_STREQ(line.get(),
+                 "KDCA   1155  20  20 100 270  12     012 201 1.5  60  BKN -SHRA  25      "
+                 "  3      10");
+    data.init();
+    data.setId("X");
+    data.outString(line);
+    EXPECT_STREQ(line.get(), (std::string("X      ") + std::string(74, ' ')).c_str());
+}

@@ -1,0 +1,139 @@
+#include "ORV/WxTool.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace ORV;
+
+namespace {
+constexpr float miss = Const::MISS;
+
+CloudLayer makeLayer(char cover, float height) {
+    CloudLayer layer;
+    layer.cover = cover;
+    layer.height = height;
+    return layer;
+}
+} // namespace
+
+TEST(WxTool, SummaryLayerHasTheDominantCoverAndItsLowestBase) {
+    const struct {
+        int num;
+        CloudLayer layers[4];
+        char cover;
+        float height;
+        const char* what;
+    } cases[] = {
+        {0, {}, ' ', miss, "no layers"},
+        {1, {makeLayer('1', 900)}, '1', 900, "one layer stands as it is"},
+        {4,
+         {makeLayer('F', 3000), makeLayer('S', 5000), makeLayer('B', 10000), makeLayer('O', 20000)},
+         'O',
+         10000,
+         "rising cover"},
+        {2, {makeLayer('B', 5000), makeLayer('F', 8000)}, 'F', 5000, "the last cover stands"},
+        {2, {makeLayer('X', miss), makeLayer('S', 500)}, 'S', miss, "obscured is no lower class"},
+        {2, {makeLayer('3', 2000), makeLayer('6', 7000)}, '6', 2000, "digits are no lower class"},
+        {2, {makeLayer(' ', miss), makeLayer('1', 2000)}, 'C', miss, "a figure 1 ends as clear"},
+        {2, {makeLayer('F', 2000), makeLayer('F', 4000)}, 'F', 2000, "two few layers"},
+        {2, {makeLayer('S', 1000), makeLayer('9', 200)}, '9', 200, "obscured takes over"},
+        {2, {makeLayer('0', miss), makeLayer('O', 700)}, 'O', 700, "overcast behind a clear one"},
+    };
+    for (const auto& c : cases) {
+        CloudLayer out = makeLayer('O', 1);
+        WxTool::setCloud(c.num, c.layers, out);
+        EXPECT_EQ(out.cover, c.cover) << c.what;
+        EXPECT_EQ(out.height, c.height) << c.what;
+    }
+    CloudLayer kept = makeLayer('S', 1200);
+    WxTool::setCloud(-1, nullptr, kept);
+    EXPECT_EQ(kept.height, 1200);
+}
+
+TEST(WxTool, OlderCodeComesAndGoes) {
+    String out("as it was");
+    EXPECT_EQ(WxTool::getWeather("XX", out), 0);
+    EXPECT_STREQ(out.get(), "as it was");
+    EXPECT_EQ(WxTool::getWeather("TRW+A", out), 1);
+    EXPECT_STREQ(out.get(), "+TSGR");
+    WxTool::getWeather("R-", out);
+    EXPECT_STREQ(out.get(), "-RA");
+
+    const char* cases[][2] = {
+        {"!-SHRA", "RW-"}, {"+FZRA", "ZR+"}, {"VCTS", ""},   {"-VCSH", ""}, {"HZ", "H"},
+        {"TS", "T"},       {"TSRA", "TR"},   {"BLSN", "BS"}, {"BLDU", "D"}, {"FZFG", "F"},
+        {"!-SN_BR", "S-"}, {"PL", "IP"},     {"", ""},       {"RASN", "R"}, {"XYZ", ""},
+    };
+    for (const auto& c : cases) {
+        WxTool::getSAWeather(c[0], out);
+        EXPECT_STREQ(out.get(), c[1]) << c[0];
+    }
+}
+
+TEST(WxTool, GroupsReadAsEnglish) {
+    const char* cases[][2] = {
+        {"-RA", "light rain"},
+        {"RA", "moderate rain"},
+        {"+TSRA", "heavy thunderstorms"},
+        {"BLSN", "blowing moderate snow"},
+        {"VCSH", "showers in vicinity"},
+        {"!_-FZDZ", "light freezing drizzle"},
+        {"-SHSN", "light snow showers"},
+        {"MIFG", "shallow fog"},
+        {"TSSN", "moderate thunder moderate snow"},
+        {"!-SN_BR", "light snow light fog"},
+        {"!VCXX_HZ", "in vicinty haze"},
+    };
+    String out;
+    for (const auto& c : cases) {
+        EXPECT_EQ(WxTool::getTextFromWeather(c[0], out), 1) << c[0];
+        EXPECT_STREQ(out.get(), c[1]);
+    }
+    EXPECT_EQ(WxTool::getTextFromWeather("QQ", out), 0);
+    EXPECT_EQ(WxTool::getTextFromWeather(nullptr, out), 0);
+    EXPECT_STREQ(out.get(), "");
+}
+
+TEST(WxTool, WmoNumbersOfBothTables) {
+    const struct {
+        int code;
+        const char *present, *automatic;
+    } cases[] = {
+        {3, " ", " "},      {100, " ", " "},    {-1, " ", " "},        {15, " ", " "},
+        {61, "-RA", "-RA"}, {63, "RA", "+RA"},  {68, "-RASN", "RASN"}, {45, "FG", "-SN"},
+        {79, "PL", " "},    {99, "+TSGR", " "}, {94, " ", "TS"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_STREQ(WxTool::getWmoWeather(c.code), c.present) << c.code;
+        EXPECT_STREQ(WxTool::getWmoAutoWeather(c.code), c.automatic) << c.code;
+    }
+    const struct {
+        const char* text;
+        int code;
+    } back[] = {{"63", 63}, {"!+SN", 75}, {"R-", 61}, {"!FZFG", 44}, {"!-SHRA", 80}, {"", 0},
+                {"XX", 0},  {"!VCTS", 0}, {"T", 17},  {"!SNDZ", 73}, {"!-RA_BR", 61}};
+    for (const auto& c : back)
+        EXPECT_EQ(WxTool::getWmoFromWeather(c.text), c.code) << c.text;
+}
+
+TEST(WxTool, FiguresOfHeightAndVisibility) {
+    const float heights[][2] = {{0, 0},   {163, 0},  {164, 1},  {983, 3},
+                                {984, 4}, {8201, 8}, {8202, 9}, {10000, 9}};
+    for (const auto& h : heights)
+        EXPECT_EQ(WxTool::getWmoCeilingToCode(h[0]), h[1]) << h[0];
+    EXPECT_EQ(WxTool::getWmoCeilingToCode(std::nanf("")), Const::MISS);
+    EXPECT_EQ(WxTool::getWmoCldBase(5), 3000);
+    EXPECT_EQ(WxTool::getWmoCldBase(10), miss);
+
+    // Table 4377 in km: 50 is 5 km, 56 is 6 km, 80 is 30 km, 81 is 35 km, 89 is 75 km.
+    const float miles[][2] = {{0, 0},        {50, 3.125f},  {56, 3.75f}, {80, 18.75f},
+                              {81, 21.875f}, {89, 46.875f}, {90, miss},  {91, 0.03125f},
+                              {99, 31.25f},  {100, miss},   {-1, miss}};
+    for (const auto& m : miles)
+        EXPECT_FLOAT_EQ(WxTool::getWmoVis(static_cast<int>(m[0])), m[1]) << m[0];
+    EXPECT_EQ(WxTool::decodeDir("NNW"), 337.5f);
+    EXPECT_EQ(WxTool::decodeDir("X"), miss);
+    EXPECT_STREQ(WxTool::getCloudStr("BKN"), "broken");
+    EXPECT_STREQ(WxTool::getCloudStr(""), "");
+}
