@@ -1,2 +1,5 @@
 orv_fuzz(CityFile)
 orv_fuzz(CityQuery)
+orv_fuzz(MetarCache)
+orv_fuzz(SfcFile)
+orv_fuzz(WxTool)
