@@ -12,8 +12,8 @@ public:
 
     /// Sets the `file_path` resource, with the lowest rank, to the database directory that belongs
     /// to this program, so that it runs without set-up: share/orv beside the folder of the running
-    /// program, else the data folder of its source tree. Call it before ResrcDB::create. Returns 0
-    /// when neither exists.
+    /// program, else the data folder of its source tree; and with the same rank the settings of an
+    /// orv.cfg in it. Call it before ResrcDB::create. Returns 0 when neither exists.
     static int findDatabase();
 
     /// Prints the banner, a title with the version, at level 4 or the one given.

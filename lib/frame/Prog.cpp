@@ -49,6 +49,16 @@ bool isFolder(const std::filesystem::path& path) {
     std::error_code error;
     return std::filesystem::is_directory(path, error);
 }
+
+/// Takes the settings that a database brings with it, below all that a user sets.
+void addDefaults(const char* folder) {
+    ResrcFile file(Orv::resrc);
+    file.set("orv", "orv");
+    file.open(folder);
+    String name, value;
+    while (file.isOpen() && file.getValid(name, value) == 1)
+        Orv::addResrc(name.get(), value.get(), identity);
+}
 } // namespace
 
 int Prog::findDatabase() {
@@ -56,8 +66,11 @@ int Prog::findDatabase() {
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
     const auto installed = program.parent_path().parent_path() / ORV_DATABASE_FOLDER;
     for (const auto& folder : {installed, std::filesystem::path(ORV_SOURCE_DATABASE)})
-        if (isFolder(folder))
-            return Orv::addResrc("file_path", folder.c_str(), identity);
+        if (isFolder(folder)) {
+            Orv::addResrc("file_path", folder.c_str(), identity);
+            addDefaults(folder.c_str());
+            return 1;
+        }
     return 0;
 }
 
