@@ -23,7 +23,6 @@ SMALLEST = 0.8          # least width and height, in 100 km
 # name, south, north, west, east; an east below west runs over the date line. An entry behind that
 # names the projection.
 BOXES = """
-us 24.4 49.4 -125 -66.9
 us_northeast 38.6 47.6 -80.6 -66.8
 us_mid_atlantic 36.4 43 -83.8 -73.8
 us_southeast 24.4 37 -92 -75.3
@@ -133,7 +132,8 @@ hawaiian_waters 15 27 -165 -150
 """
 
 # Windows whose extent doesn't come from an outline.
-FIXED = """
+FIXED = """us area lamb:36.9:-96:28.6:45.2,38.2,-96.2,61,39,0.94,0.94
+
 us_ps area ps:90:-100,38.5,-96.5,61,39,0.88,0.88
 globe area ortho:25:-95,25,-95,61,61,2.2,2.2
 globe_americas area ortho:0:-80,0,-80,61,61,2.2,2.2
