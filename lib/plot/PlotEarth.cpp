@@ -82,7 +82,7 @@ int Plot::drawLine(const Points& points) {
 int Plot::drawLine(const EarthPoints& earth) {
     if (isOff(line_ind))
         return 0;
-    getDomain().tran(earth, earth_points);
+    WorldEdge(getDomain()).project(earth, earth_points);
     return drawLine(earth_points);
 }
 
@@ -214,7 +214,8 @@ int Plot::drawPolygon(Points& polygon) {
     const Domain& domain = getDomain();
     const WorldEdge edge(domain);
     const int side = edge.wrap(polygon);
-    edge.closeAroundPole(polygon);
+    if (!edge.close(polygon))
+        return 0;
     const auto draw = [&] {
         if (domain.proj != 7 || !edge.isBeyond(polygon))
             return graph.drawFill(polygon);

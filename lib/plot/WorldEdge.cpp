@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace ORV {
 namespace {
@@ -12,6 +13,10 @@ namespace {
 constexpr double last_merc_lat = 89.9;   // degrees; Mercator maps go no farther
 constexpr double limb_clearance = 0.001; // radians by which a limb point stays in sight
 constexpr int pole_steps = 16;           // from the open end of a ring to the pole
+constexpr double pole_width = 0.01;      // of an ellipse there, in radii: too narrow to go around
+constexpr double last_stereo_lat = 75;   // degrees into the far hemisphere, where maps are cut
+constexpr int outer_steps = 72;          // of a circle around the map
+constexpr int limb_steps = 10;           // halvings of a segment
 
 } // namespace
 
@@ -33,7 +38,7 @@ int WorldEdge::turn(const Point& a, const Point& b) const {
     if (domain.proj != 2 && domain.proj != 3 && domain.proj != 7)
         return 0;
     const double from = limit(a.y), to = limit(b.y);
-    if (from <= 0 || to <= 0)
+    if (domain.proj == 7 && std::min(from, to) < pole_width * domain.earth_rad)
         return 0;
     const double step = a.x / from - b.x / to; // the world is 2 wide
     return step > 0.5 ? 1 : step < -0.5 ? -1 : 0;
@@ -92,10 +97,23 @@ bool WorldEdge::isSecondTurn(const Point& a, const Point& b, int& turns) const {
 
 // The angle around the apex of a cone, from its middle.
 double WorldEdge::coneAngle(const Point& point) const {
-    if (domain.proj == 9)
-        return domain.mult < 0 ? std::atan2(-point.x, point.y - domain.xfactor)
-                               : std::atan2(point.x, domain.xfactor - point.y);
-    return std::atan2(point.x, -domain.scale * point.y);
+    if (domain.proj == 4)
+        return std::atan2(point.x, -domain.scale * point.y);
+    const double sign = domain.mult < 0 ? -1 : 1;
+    return std::atan2(sign * point.x, sign * (domain.xfactor - point.y));
+}
+
+// The angle of its two edges.
+double WorldEdge::coneHalf() const {
+    return Const::PI * std::fabs(domain.proj == 9 ? domain.mult : domain.xfactor);
+}
+
+Point WorldEdge::conePoint(double radius, double angle) const {
+    const double x = radius * std::sin(angle), y = radius * std::cos(angle);
+    if (domain.proj == 4)
+        return Point(static_cast<float>(x), static_cast<float>(-domain.scale * y));
+    const double sign = domain.mult < 0 ? -1 : 1;
+    return Point(static_cast<float>(sign * x), static_cast<float>(domain.xfactor - sign * y));
 }
 
 bool WorldEdge::parts(const Point& a, const Point& b) const {
@@ -107,8 +125,7 @@ bool WorldEdge::parts(const Point& a, const Point& b) const {
     const bool cone = domain.proj == 9 || (domain.proj == 4 && domain.xfactor > 0.5);
     if (!cone || (a.x < 0) == (b.x < 0))
         return false;
-    const double half = Const::PI * std::fabs(domain.proj == 9 ? domain.mult : domain.xfactor);
-    return std::fabs(coneAngle(a) - coneAngle(b)) > half;
+    return std::fabs(coneAngle(a) - coneAngle(b)) > coneHalf();
 }
 
 double WorldEdge::excess(const Point& point) const {
@@ -184,7 +201,7 @@ double WorldEdge::poleY() const {
 }
 
 void WorldEdge::closeAroundPole(Points& ring) const {
-    if ((domain.proj != 2 && domain.proj != 3 && domain.proj != 7) || ring.num < 3)
+    if (domain.proj != 2 && domain.proj != 3 && domain.proj != 7)
         return;
     const Point first(ring.getX1(0), ring.getY1(0));
     const Point last(ring.getX1(ring.num - 1), ring.getY1(ring.num - 1));
@@ -207,9 +224,85 @@ void WorldEdge::closeAroundPole(Points& ring) const {
         add(first, k);
 }
 
+// From one edge of the cone to the other a polygon goes along the near pole, a point or an arc, so
+// that it has no part in the gap.
+int WorldEdge::closeOnCone(Points& ring) const {
+    const Point apex = conePoint(0, 0);
+    const auto radius = [&](const Point& point) {
+        return std::hypot(double(point.x) - apex.x, double(point.y) - apex.y);
+    };
+    const float near_pole = (domain.proj == 9 ? domain.mult : domain.scale) < 0 ? -90.0f : 90.0f;
+    Point pole, equator;
+    domain.tran(EarthPoint(near_pole, domain.plon), pole);
+    domain.tran(EarthPoint(0, domain.plon), equator);
+
+    Points closed(ring.num + pole_steps + 1);
+    int turns = 0;
+    double sum = 0;
+    for (int i = 0; i < ring.num; i++) {
+        const Point point = ring.get(i), last = ring.get(i - 1); // the last one before the first
+        if (parts(last, point)) {
+            const int side = coneAngle(last) < 0 ? -1 : 1;
+            turns += side;
+            for (int k = 0; k <= pole_steps; k++)
+                closed.add(conePoint(radius(pole), side * coneHalf() * (1 - 2.0 * k / pole_steps)));
+        }
+        closed.add(point);
+        sum += radius(point);
+    }
+    // What goes around the far pole is left out, as such maps leave out that pole.
+    if (turns != 0 && sum > radius(equator) * ring.num)
+        return 0;
+    ring = closed;
+    return 1;
+}
+
+// Adds a circle around the map, which runs against the ring: what is filled lies between.
+void WorldEdge::turnInsideOut(Points& ring) const {
+    double outer = domain.proj == 8
+                       ? 2 * domain.earth_rad
+                       : domain.xfactor * std::tan((last_stereo_lat + 90) / 2 * Const::DRC);
+    double turned = 0; // twice the area within, by which way the ring runs
+    for (int i = 0; i < ring.num; i++) {
+        const Point a = ring.get(i - 1), b = ring.get(i);
+        outer = std::max(outer, std::hypot(double(b.x), double(b.y)));
+        turned += double(a.x) * b.y - double(b.x) * a.y;
+    }
+    const Point first = ring.get(0);
+    const double start = std::atan2(first.y, first.x);
+    const double step = (turned > 0 ? -2 : 2) * Const::PI / outer_steps;
+    ring.add(first);
+    for (int k = 0; k <= outer_steps; k++)
+        ring.add(static_cast<float>(outer * std::cos(start + k * step)),
+                 static_cast<float>(outer * std::sin(start + k * step)));
+    ring.add(first);
+}
+
+int WorldEdge::close(Points& ring) const {
+    if (ring.num < 3)
+        return 1;
+    if (domain.proj == 9 || (domain.proj == 4 && domain.xfactor > 0.5))
+        return closeOnCone(ring);
+    if (domain.proj != 1 && domain.proj != 8) {
+        closeAroundPole(ring);
+        return 1;
+    }
+
+    const double half = domain.proj == 8 ? std::sqrt(2.0) * domain.earth_rad : domain.xfactor;
+    double sum = 0;
+    for (int i = 0; i < ring.num; i++)
+        sum += std::hypot(double(ring.getX1(i)), double(ring.getY1(i)));
+    if (sum <= half * ring.num)
+        return 1;
+    Points closed = ring;
+    closed.add(ring.get(0));
+    if (closed.within(Point(0, 0)))
+        turnInsideOut(ring);
+    return 1;
+}
+
 int WorldEdge::limb(const EarthPoint& earth, Point& point) const {
-    if ((domain.proj != 5 && domain.proj != 10) || !(std::fabs(earth.lat) <= 90) ||
-        !(std::fabs(earth.lon) <= 3600))
+    if (!hasLimb() || !(std::fabs(earth.lat) <= 90) || !(std::fabs(earth.lon) <= 3600))
         return 0;
     // Cosines of the place along the axes right and up of the view, seen from above its centre.
     const double center = domain.proj == 5 ? domain.plat * Const::DRC : 0;
@@ -231,6 +324,46 @@ int WorldEdge::limb(const EarthPoint& earth, Point& point) const {
     const EarthPoint place(static_cast<float>(limb_lat * Const::RDC),
                            static_cast<float>(limb_lon * Const::RDC + domain.plon));
     return domain.tran(place, point) && point.x != Const::MISS;
+}
+
+// Where a line goes behind the limb: the last place in sight.
+Point WorldEdge::findLimb(EarthPoint seen, EarthPoint hidden) const {
+    Point last;
+    domain.tran(std::as_const(seen), last);
+    // The short way over the date line.
+    if (hidden.lon - seen.lon > 180)
+        hidden.lon -= 360;
+    else if (hidden.lon - seen.lon < -180)
+        hidden.lon += 360;
+    for (int i = 0; i < limb_steps; i++) {
+        const EarthPoint middle((seen.lat + hidden.lat) / 2, (seen.lon + hidden.lon) / 2);
+        Point point;
+        domain.tran(middle, point);
+        if (point.x == Const::MISS) {
+            hidden = middle;
+        } else {
+            seen = middle;
+            last = point;
+        }
+    }
+    return last;
+}
+
+void WorldEdge::project(const EarthPoints& earth, Points& line) const {
+    domain.tran(earth, line);
+    if (!hasLimb())
+        return;
+    const auto isPlace = [&](int i) {
+        return earth.getLat1(i) != Const::MISS && earth.getLon1(i) != Const::MISS;
+    };
+    for (int i = earth.num - 1; i > 0; i--) { // from the end: what is inserted moves the rest
+        const bool last_seen = line.getX1(i - 1) != Const::MISS;
+        const bool seen = line.getX1(i) != Const::MISS;
+        if (last_seen == seen || !isPlace(i) || !isPlace(i - 1))
+            continue;
+        const EarthPoint before = earth.get(i - 1), after = earth.get(i);
+        line.insert(i, last_seen ? findLimb(before, after) : findLimb(after, before));
+    }
 }
 
 } // namespace ORV

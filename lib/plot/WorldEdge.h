@@ -2,6 +2,7 @@
 
 #include "ORV/Domain.h"
 #include "ORV/EarthPoint.h"
+#include "ORV/EarthPoints.h"
 #include "ORV/Point.h"
 #include "ORV/Points.h"
 
@@ -39,12 +40,16 @@ public:
     /// Draws the points beyond the edge back to it.
     void clamp(Points& polygon) const;
 
-    /// Closes a ring around a pole, which is open where the map is cut, by way of that pole.
-    void closeAroundPole(Points& ring) const;
+    /// Makes a polygon close on the map as it does on the earth. A ring around a pole is open where
+    /// the map is cut, and closes by way of that pole; one around the far end of a map, the other
+    /// pole or the antipode, holds what is outside of it. 0 when nothing of it can be drawn.
+    int close(Points& ring) const;
 
     /// The place on the limb beneath which a point behind it has vanished, in the orthographic and
     /// the satellite view; 0 in others, and for a point that is missing.
     int limb(const EarthPoint& earth, Point& point) const;
+    /// Puts a line on the map, in these views up to the limb where it goes behind it.
+    void project(const EarthPoints& earth, Points& line) const;
 
 private:
     double limit(double y) const;
@@ -52,7 +57,15 @@ private:
     Point meet(const Point& inside, const Point& outside) const;
     int turn(const Point& a, const Point& b) const;
     double coneAngle(const Point& point) const;
+    double coneHalf() const;
+    Point conePoint(double radius, double angle) const;
     double poleY() const;
+    void closeAroundPole(Points& ring) const;
+    int closeOnCone(Points& ring) const;
+    void turnInsideOut(Points& ring) const;
+
+    bool hasLimb() const { return domain.proj == 5 || domain.proj == 10; }
+    Point findLimb(EarthPoint seen, EarthPoint hidden) const;
 
     const Domain& domain;
 };

@@ -21,6 +21,15 @@ std::string text(const std::vector<std::vector<Point>>& shapes) {
     return all;
 }
 
+Points toPolygon(const std::vector<Point>& shape) {
+    Points polygon;
+    for (const Point& point : shape)
+        polygon.add(point);
+    if (polygon.num > 0)
+        polygon.add(0);
+    return polygon;
+}
+
 TEST_F(PlotTest, LinesOverTheDateLineShowOnBothSides) {
     const struct {
         const char* what;
@@ -165,6 +174,56 @@ TEST_F(PlotTest, RingAroundAPoleIsFilledUpToIt) {
     EXPECT_NEAR(sum, pi * earth * earth * (1 - std::sin(70 * pi / 180)), 8);
 }
 
+// What lies around the far pole must not paint the map that it surrounds.
+TEST_F(PlotTest, PolygonAroundTheFarEndLeavesTheMap) {
+    EarthPoints far_ring, near_ring, asia;
+    for (int lon = 0; lon < 360; lon += 5) {
+        far_ring.add(-50, static_cast<float>(lon));
+        near_ring.add(70, static_cast<float>(lon));
+    }
+    for (const EarthPoint& corner :
+         {EarthPoint(20, 60), EarthPoint(60, 60), EarthPoint(60, 100), EarthPoint(20, 100)})
+        asia.add(corner);
+    const struct {
+        const char* domain;
+        double cap; // area of the ring around 70 north, on the plane of the map
+        double error;
+    } rows[] = {
+        // r = 1.866 R tan 10; n = 0.7156 and rho = 33.0 (Snyder 1987). One step at the gap is lost.
+        {"ps:90:-100,90,-100,61,61,3,3",
+         pi * std::pow(1.866025 * earth * std::tan(10 * pi / 180), 2), 5},
+        {"lamb:40:-100:30:60,60,-100,81,81,3,3", 0.7156 * pi * 33.0 * 33.0, 40},
+        // An equal-area map gives the cap its area on the earth.
+        {"lambaz:90:-100,90,-100,61,61,4,4", 2 * pi * earth * earth * (1 - std::sin(70 * pi / 180)),
+         5},
+        {"albers:40:-100:30:60,60,-100,81,81,3,3",
+         2 * pi * earth * earth * (1 - std::sin(70 * pi / 180)), 30},
+    };
+    for (const auto& row : rows) {
+        show(row.domain);
+        const auto isFilled = [&](const EarthPoint& place, float up = 0) {
+            Point point;
+            plot.getDomain().tran(place, point);
+            point.y += up;
+            for (const Shape& shape : fills())
+                if (toPolygon(shape).within(point))
+                    return true;
+            return false;
+        };
+        plot.drawFill(far_ring);
+        EXPECT_FALSE(isFilled(EarthPoint(40, -105)) || isFilled(EarthPoint(65, -20))) << row.domain;
+        device->take();
+        plot.drawFill(near_ring);
+        ASSERT_EQ(fills().size(), 1u) << row.domain;
+        EXPECT_NEAR(area(fills()[0]), row.cap, row.error) << row.domain;
+
+        // A polygon on both sides of the gap of a cone isn't filled over the gap.
+        device->take();
+        plot.drawFill(asia);
+        EXPECT_FALSE(isFilled(EarthPoint(89.9f, 80), 20)) << row.domain;
+    }
+}
+
 // What a hemisphere shows from space: half the disc, and the half ellipse of its edge.
 TEST_F(PlotTest, PolygonBehindTheLimbIsFilledAlongIt) {
     show("ortho:30:0,30,0,61,61,2.2,2.2");
@@ -199,6 +258,18 @@ TEST_F(PlotTest, PolygonBehindTheLimbIsFilledAlongIt) {
         top = std::max<double>(top, point.y);
     }
     EXPECT_NEAR(top, limb, 0.3) << "up to the upper limb, though the pole is hidden";
+}
+
+TEST_F(PlotTest, LinesReachTheLimb) {
+    show("ortho:0:0,0,0,61,61,2.2,2.2");
+    EarthPoints parallel;
+    for (int lon = -120; lon <= 120; lon += 20)
+        parallel.add(0, static_cast<float>(lon));
+    plot.drawLine(parallel);
+    const std::vector<Shape> shapes = lines();
+    ASSERT_EQ(shapes.size(), 1u);
+    EXPECT_NEAR(shapes[0].front().x, -earth, 0.2);
+    EXPECT_NEAR(shapes[0].back().x, earth, 0.2);
 }
 
 TEST_F(PlotTest, SurfaceCoordinatesAreNotWrapped) {
