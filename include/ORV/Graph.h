@@ -82,8 +82,8 @@ public:
     int init();
 
     /// Makes the device of a name: "postscript", "hpgl", "meta", any other the window. The text
-    /// goes to its setParam; an item "hfont" in it sets hfont. Returns 0, with a warning, when
-    /// this build has no such device.
+    /// goes to its setParam; an item "hfont" in it sets hfont. Returns 0 when this
+    /// build has no such device, which the caller words.
     int setDevice(const char* name, const char* param);
     /// Takes a ready device in place of the one in hand. The type is that of device_type.
     int setDevice(std::unique_ptr<Device> ready, int type);

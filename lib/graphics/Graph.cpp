@@ -74,10 +74,8 @@ int Graph::setDevice(const char* name, const char* param) {
             made = kind.make();
             type = kind.type;
         }
-    if (!setDevice(std::move(made), type)) {
-        Orv::outWarning("No such output device here: %s\n", name ? name : "");
+    if (!setDevice(std::move(made), type))
         return 0;
-    }
     hfont = Strings(param, ',').find("hfont") >= 0;
     device->setParam(param ? param : "");
     return 1;
