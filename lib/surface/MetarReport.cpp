@@ -52,7 +52,10 @@ bool allDigits(string_view text) {
 }
 
 int getNumber(string_view digits) {
-    return std::atoi(std::string(digits).c_str());
+    int value = 0;
+    for (const char c : digits)
+        value = value * 10 + (c - '0');
+    return value;
 }
 
 bool isStation(string_view id) {
@@ -100,21 +103,24 @@ void addWeather(string_view group, SfcData& data) {
     StrLib::append(data.weather, sizeof data.weather, text.c_str());
 }
 
+bool isWeatherCode(char first, char second) {
+    constexpr char codes[] = "MIPRBCDRBLSHTSFZDZRASNSGICPLPEGRGSUPBRFGFUVADUSAHZPYPOSQFCSSDS";
+    for (const char* code = codes; *code; code += 2)
+        if (code[0] == first && code[1] == second)
+            return true;
+    return false;
+}
+
 bool isWeather(string_view group) {
-    constexpr string_view codes = "MIPRBCDRBLSHTSFZDZRASNSGICPLPEGRGSUPBRFGFUVADUSAHZPYPOSQFCSSDS";
     if (begins(group, "VC"))
         group.remove_prefix(2);
     else if (begins(group, "-") || begins(group, "+"))
         group.remove_prefix(1);
     if (group.empty() || group.size() % 2 != 0)
         return false;
-    for (std::size_t i = 0; i < group.size(); i += 2) {
-        bool found = false;
-        for (std::size_t code = 0; code < codes.size() && !found; code += 2)
-            found = codes.substr(code, 2) == group.substr(i, 2);
-        if (!found)
+    for (std::size_t i = 0; i < group.size(); i += 2)
+        if (!isWeatherCode(group[i], group[i + 1]))
             return false;
-    }
     return true;
 }
 
@@ -199,7 +205,7 @@ bool Body::readPressure(string_view word) {
 bool Body::readCloud(string_view word) {
     constexpr const char* towers[] = {"CB", "TCU", "///"};
     for (const auto& row : cover_names) {
-        if (!begins(word, row.name))
+        if (word.empty() || word[0] != row.name[0] || !begins(word, row.name))
             continue;
         string_view rest = word.substr(std::strlen(row.name));
         const string_view figures = rest.substr(0, 3);
