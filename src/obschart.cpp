@@ -29,8 +29,13 @@ int plot() {
 
     Figure figure;
     if (!figure.open()) {
-        Orv::outError("%s: unable to open the output: %s\n", Orv::getProgramName(),
-                      Orv::getResrc("device", "window"));
+        constexpr int window = 1;
+        if (figure.plot.graph.device_type == window)
+            Orv::outError("%s: no window can be opened; draw to a file with -de p,file.ps\n",
+                          Orv::getProgramName());
+        else
+            Orv::outError("%s: unable to open the output: %s\n", Orv::getProgramName(),
+                          Orv::getResrc("device", ""));
         return Orv::NOGRAPH;
     }
     figure.startPlot(domain);

@@ -5,6 +5,7 @@
 #include "ORV/Postscript.h"
 #include "ORV/StrLib.h"
 #include "ORV/Strings.h"
+#include "ORV/XWindow.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -23,9 +24,11 @@ std::unique_ptr<Device> makeDevice() {
     return std::make_unique<Kind>();
 }
 
-constexpr int window_type = 1;
-constexpr DeviceKind device_kinds[] = {
+constexpr DeviceKind window_kind = {"display", 1, makeDevice<XWindow>};
+constexpr DeviceKind file_kinds[] = {
     {"postscript", 2, makeDevice<Postscript>},
+    {"hpgl", 3, nullptr}, // not in this build
+    {"meta", 4, nullptr},
 };
 } // namespace
 
@@ -67,14 +70,11 @@ int Graph::setDevice(std::unique_ptr<Device> ready, int type) {
 }
 
 int Graph::setDevice(const char* name, const char* param) {
-    std::unique_ptr<Device> made;
-    int type = window_type;
-    for (const auto& kind : device_kinds)
-        if (StrLib::equal(name, kind.name)) {
-            made = kind.make();
-            type = kind.type;
-        }
-    if (!setDevice(std::move(made), type))
+    const DeviceKind* chosen = &window_kind;
+    for (const auto& kind : file_kinds)
+        if (StrLib::equal(name, kind.name))
+            chosen = &kind;
+    if (!setDevice(chosen->make ? chosen->make() : nullptr, chosen->type))
         return 0;
     hfont = Strings(param, ',').find("hfont") >= 0;
     device->setParam(param ? param : "");
