@@ -7,6 +7,8 @@
 #include "ORV/Points.h"
 #include "ORV/String.h"
 
+#include <initializer_list>
+
 namespace ORV {
 
 class Domain;
@@ -135,6 +137,23 @@ public:
     /// The band from the level in pbox to that in box, in one cell, with the attributes set on the
     /// plot.
     int drawBoxFill(Plot& plot);
+
+private:
+    class Bare {};
+    explicit ContPlot(Bare) {}
+
+    Points polygon{10}; // the one in work
+
+    void setColors(Plot& plot);
+    void chooseLevels(float lo, float hi, bool find_interval);
+    void countLevels(float lo, float hi);
+    bool isColorFromFill() const;
+    int fillPlain(Plot& plot);
+    int fillSaddle(Plot& plot);
+    int fillAbove(Plot& plot);
+    int addPolygon(Plot& plot, std::initializer_list<const char*> parts);
+    int closePolygon(Plot& plot);
+    PlotAttr getTextAttr(const char* resource, const char* color) const;
 };
 
 } // namespace ORV

@@ -42,10 +42,15 @@ public:
 
     /// Takes the cell whose upper left corner is column i, row j. The caller keeps it inside the
     /// grid: 0 <= i < nx - 1, 0 <= j < ny - 1. Places come from the grid's own list when it has
-    /// one, otherwise by way of the two domains. A cell that lies on both ends of a world of
-    /// projection 2, 3 or 7 is put together at the right end.
+    /// one, otherwise by way of the two domains.
+    ///
+    /// A cell that lies on both ends of a world of projection 2, 3 or 7, which is one whose corners
+    /// are nearer around the back, is put together at the right end. One that a cone or a far rim
+    /// (projections 4, 9, 8) tears apart has no place.
     int set(const Grid& grid, const Domain& domain, int i, int j);
     int set(const Grid& grid, const Domain& domain, int i, int j, float v);
+    /// Takes a cell by the values and the places of its corners.
+    int set(const Domain& domain, const float (&values)[4], const Point (&places)[4]);
 
     int initLevel();
     /// Finds the crossings with a level and returns their number: 0, 2 or 4. A corner exactly on
@@ -70,12 +75,13 @@ public:
     /// The first one for an i outside 0 to 3.
     Point getPoint(int i) const { return pt[isIndex(i) ? i : 0]; }
     Point getCrossPoint(int i) const { return cpt[isIndex(i) ? i : 0]; }
+    /// No corner value, or no corner place, is missing; what isn't finite counts as missing.
     bool isDataValid() const;
     bool isLocateValid() const;
 
 private:
     static bool isIndex(int i) { return i >= 0 && i < 4; }
-    void joinWorld();
+    void joinWorld(const Domain& domain);
     void findRange();
     void leaveCorners();
     float findSide(int s) const;
