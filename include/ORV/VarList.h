@@ -7,6 +7,7 @@
 
 namespace ORV {
 
+class GridSpec;
 class Unit;
 
 /// A plot list: specifications, groups "{a,b}", vectors "<u,v>" and grid functions "add(a,b)", each
@@ -55,6 +56,9 @@ public:
 
     /// Copies a specification; 0 when out of range.
     int get(int i, VarSpec& out) const;
+    /// Makes the key of a grid with the item's time, level, variable and units; 0 when out of
+    /// range.
+    int get(int i, GridSpec& out) const;
     /// Writes "fore:level:abbr[units,format]".
     int getString(int i, String& out) const;
     int setPlot(int i, int plot);

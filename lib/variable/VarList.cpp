@@ -1,5 +1,6 @@
 #include "ORV/VarList.h"
 
+#include "ORV/GridSpec.h"
 #include "ORV/Orv.h"
 #include "ORV/StrLib.h"
 #include "ORV/VarFile.h"
@@ -283,6 +284,16 @@ int VarList::get(int i, VarSpec& out) const {
         return 0;
     out = item[i].spec;
     return 1;
+}
+
+int VarList::get(int i, GridSpec& out) const {
+    if (!inside(i))
+        return 0;
+    const VarSpec& spec = item[i].spec;
+    out.init();
+    out.set(Const::MISS, Const::MISS, spec.getForeCode(), spec.getLevelTypeCode(),
+            spec.getLevelCode(), spec.getVarCode());
+    return out.setUnits(spec.getUnits());
 }
 
 int VarList::getString(int i, String& out) const {
