@@ -5,15 +5,14 @@
 #include "ORV/Domain.h"
 #include "ORV/Drawing.h"
 #include "ORV/Filename.h"
+#include "ORV/GridCont.h"
+#include "ORV/GridVect.h"
 #include "ORV/Listener.h"
-#include "ORV/SfcRaw.h"
+#include "ORV/SfcGrid.h"
 #include "ORV/String.h"
 #include "ORV/Timezone.h"
 
 namespace ORV {
-
-class SfcFile;
-class VarList;
 
 /// The main drawing: one hourly file of surface reports, drawn as a plot list asks. Settings come
 /// from resources, in init, and from parameter texts. A frame keeps nothing but its labels on the
@@ -26,8 +25,10 @@ public:
     char plot_type[10] = "";
     Timezone tz;
     Domain grid_domain; ///< of the analysis; the plot's own when it isn't set
-    SfcRaw raw;         ///< the station test with its station table
+    SfcGrid sfc;        ///< the analysis, and the station test with its station table
     DatumPlot datum;
+    GridCont cont;
+    GridVect vect;
     bool map = false;  ///< draw the automatic base map
     int map_fill = -1; ///< where that map goes: -1 automatic, 0 under the data, 1 over it
     int sync = 0;      ///< this drawing sets the time base of the figure
@@ -77,9 +78,6 @@ public:
     int setPlotType(const char* text);
     int setTimezone(const char* text);
     int setGridDomain(const char* text);
-
-private:
-    class Frame;
 };
 
 } // namespace ORV
