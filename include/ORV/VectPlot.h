@@ -3,20 +3,20 @@
 #include "ORV/ColorFill.h"
 #include "ORV/Const.h"
 #include "ORV/OwnedArray.h"
+#include "ORV/PlotAttr.h"
 #include "ORV/String.h"
 
 namespace ORV {
 
 class Grid;
 class Plot;
-class PlotAttr;
 
 /// Draws a wind field, given by a grid of u and a grid of v, as arrows, as wind barbs or as
 /// streamlines, with labels and a reference arrow.
 ///
-/// The components are taken in the grids' units, and turned to the plot's upward by the directions
-/// of Domain::adjustDir. Lengths are in plot coordinates: the spacing dx of the grid counts on the
-/// plot as it stands, 100 km as one degree.
+/// The components are taken in the grids' units, and turned to the plot by Domain::adjustDir.
+/// Lengths are in plot coordinates: the spacing dx of the grid counts on the plot as it stands, 100
+/// km as one degree.
 class VectPlot {
 public:
     static constexpr int max_density = 100; ///< beyond it, lines would only cover one another
@@ -84,6 +84,8 @@ public:
     int setColorTable(const char* text) { return color_table.set(text); }
     int setColorFill(const char* text) { return color_fill.set(text); }
     float getMax() const { return max; }
+    /// Whether the speed decides the color: by explicit values of the fill, or by the interval.
+    bool isColored() const { return fill.areValuesSet() || intrvl != Const::MISS; }
 
     /// Draws by the type, and hands the bar to the plot when it is asked for. 0, with nothing
     /// drawn, when the grids have different domains or one has no data. Points with a component
@@ -120,13 +122,14 @@ public:
     int drawBar(Plot&, const char*) { return 1; }
 
 private:
-    class Streamline;
+    class Bare {};
+    explicit VectPlot(Bare) {}
 
     PlotAttr getAttr(Plot& plot) const;
-    bool isColored() const { return fill.areValuesSet() || intrvl != Const::MISS; }
-    int setColors(Plot& plot);
-    void drawGlyphs(Plot& plot, const Grid& u, const Grid& v, float length);
-    void drawStreamlines(Plot& plot, const Grid& u, const Grid& v, float limit);
+    float getLength() const;
+    void setColors(Plot& plot);
+    void drawGlyphs(Plot& plot, const Grid& u, const Grid& v);
+    void drawStreamlines(Plot& plot, const Grid& u, const Grid& v);
 };
 
 } // namespace ORV

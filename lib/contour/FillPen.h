@@ -9,9 +9,9 @@ namespace ORV {
 /// change nothing from the first to the last.
 class FillPen {
 public:
-    /// Without colors the plot keeps its attributes.
-    FillPen(Plot& plot, const ColorFill& fill, bool colored)
-        : plot(plot), fill(fill), colored(colored) {}
+    /// The attributes are those in force on the plot; without colors they stay.
+    FillPen(Plot& plot, const ColorFill& fill, bool colored, const PlotAttr& attr)
+        : plot(plot), fill(fill), colored(colored), visible(attr.validColor()) {}
 
     void set(float value) {
         if (!colored)
@@ -22,14 +22,18 @@ public:
         started = true;
         current = ind;
         PlotAttr attr = fill.get(ind);
+        visible = attr.validColor();
         plot.setLine(attr);
         plot.setFill(attr);
     }
+
+    bool isVisible() const { return visible; }
 
 private:
     Plot& plot;
     const ColorFill& fill;
     bool colored;
+    bool visible;
     bool started = false;
     int current = 0;
 };

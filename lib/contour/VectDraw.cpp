@@ -7,6 +7,7 @@
 #include "ORV/WindPlot.h"
 
 #include "FillPen.h"
+#include "VectTools.h"
 #include "WindField.h"
 
 #include <algorithm>
@@ -15,10 +16,6 @@ namespace ORV {
 namespace {
 
 constexpr int barbs = 1, streamlines = 2;
-
-float asFactor(float scale, float most) {
-    return scale > 0 ? std::min(scale, most) : 1;
-}
 
 } // namespace
 
@@ -48,7 +45,7 @@ int VectPlot::draw(Plot& plot, const Grid& u, const Grid& v) {
     if (!DomainVal::compare(u.domain, v.domain) || !u.isData() || !v.isData())
         return 0;
     max = WindField::maxSpeed(u, v);
-    dom_scale = asFactor(scale, max_scale) * u.getDx();
+    dom_scale = VectTools::asFactor(scale, max_scale) * u.getDx();
     setColors(plot);
 
     Grid along = u, across = v;
@@ -67,15 +64,15 @@ void VectPlot::drawGlyphs(Plot& plot, const Grid& u, const Grid& v) {
     const Domain& domain = plot.getDomain();
     const float full = max == Const::MISS ? WindField::maxAnySpeed(u, v) : max;
     const float length = getLength();
-    FillPen pen(plot, fill, isColored());
+    FillPen pen(plot, fill, isColored(), getAttr(plot));
     for (int j = 0; j < u.ny; j += std::max(skipy, 1))
         for (int i = 0; i < u.nx; i += std::max(skipx, 1)) {
             Wind wind;
             EarthPoint place;
             Point at;
             if (!wind.setVect(u.getValue1(i, j), v.getValue1(i, j)) ||
-                !u.tran(GridPoint(i, j), place) || !domain.tran(place, at) ||
-                at.x == Const::MISS || at.y == Const::MISS)
+                !u.tran(GridPoint(i, j), place) || !domain.tran(place, at) || at.x == Const::MISS ||
+                at.y == Const::MISS)
                 continue;
             pen.set(wind.spd);
             if (type == barbs) {

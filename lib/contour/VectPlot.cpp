@@ -131,7 +131,7 @@ int VectPlot::drawLabels(Plot& plot, const Grid& grid) {
     String speed, greatest("Max: ");
     Tools::toString(max, 3, speed);
     greatest.append(speed);
-    plot.addLabel("ul", getTitle(grid, type));
+    plot.addLabel("ul", getTitle(grid, type).get());
     plot.addLabel("ur", grid.getDatim());
     plot.addLabel("lr", greatest.get());
     return 1;
@@ -149,8 +149,7 @@ int VectPlot::drawVect(Plot& plot, const char* pos) {
     graph.activateTran(page_tran);
     const Rect page = graph.getViewport();
 
-    const float space =
-        std::min(view.ymin - page.ymin, bottom_space * (page.ymax - page.ymin));
+    const float space = std::min(view.ymin - page.ymin, bottom_space * (page.ymax - page.ymin));
     const float width = window.xmax - window.xmin;
     const float length = getLength() * (width > 0 ? (view.xmax - view.xmin) / width : 0);
     PlotAttr line = getAttr(plot);
