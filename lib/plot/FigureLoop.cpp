@@ -5,6 +5,8 @@
 #include "ORV/StrLib.h"
 #include "ORV/Strings.h"
 
+#include <algorithm>
+
 namespace ORV {
 namespace {
 
@@ -12,7 +14,8 @@ constexpr int default_inc = 3600; // seconds between frames
 constexpr int drawing_cursor = 8;
 constexpr int waiting_cursor = 6;
 constexpr int progress_level = 6;
-constexpr int date_length = 8; // a text this long is a date, a shorter one an age
+constexpr int max_frames = 10000; // more than a year of hours
+constexpr int date_length = 8;    // a text this long is a date, a shorter one an age
 
 // Reads an age: days, hours and minutes as "1d06:30", "06:30" or "6". What can't be read is none.
 long ageSeconds(const char* text) {
@@ -131,13 +134,16 @@ int Figure::drawPlot() {
         frame_date.set(frame_date.getSeconds() + frames * date_inc);
     };
     if (loop_type == 1 && num_frames >= 2)
-        moveDate(1 - num_frames);
+        moveDate(1 - std::min(num_frames, max_frames));
     const Strings times(loop_type == 2 ? fore_time.get() : nullptr, ',');
     state = 0;
     last_date.init(); // a redraw shows again what was drawn last
     const bool sync = hasSync();
 
-    for (int i = 0; i < num_frames; i++) {
+    // Without a drawing that varies with time there is nothing to loop over.
+    const bool can_loop = num_frames < 2 || findLoopDrawing(sync);
+    const int frames = can_loop ? std::min(num_frames, max_frames) : 0;
+    for (int i = 0; i < frames; i++) {
         if (num_frames >= 2) {
             if (!findData(frame_date, sync)) {
                 moveDate(1);

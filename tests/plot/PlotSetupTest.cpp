@@ -95,8 +95,11 @@ TEST_F(PlotTest, OpeningTakesResourcesFirstAndItsOwnTextLast) {
     EXPECT_EQ(plot.update(), 0) << "a picture is saved, not shown";
 }
 
-TEST_F(PlotTest, WithoutAWindowTheRunEndsWithAWayOut) {
-    EXPECT_EXIT(Plot().open(""), testing::ExitedWithCode(Orv::NOGRAPH), "-de p,file.ps");
+TEST_F(PlotTest, ADeviceThatIsNotPartOfTheProgramEndsTheRunWithAWayOut) {
+    if (Graph().setDevice("meta", ""))
+        GTEST_SKIP() << "all kinds of devices are part of the program";
+    EXPECT_EXIT(Plot().open("de=m,map.mta"), testing::ExitedWithCode(Orv::NOGRAPH),
+                "-de p,file.ps");
 }
 
 TEST_F(PlotTest, PageFileOfTheTextWinsOverTheResource) {
