@@ -1,4 +1,5 @@
 #include "ORV/DateTool.h"
+#include "ORV/ForeTime.h"
 #include "ORV/Orv.h"
 #include "ORV/Plot.h"
 #include "ORV/StrLib.h"
@@ -32,14 +33,6 @@ constexpr DatePart date_parts[] = {
     {'h', "%H"}, {'m', "%m"}, {'n', "%M"}, {'y', "%y"},
 };
 
-String foreLabel(float hours) {
-    String text;
-    if (hours > -1 && hours < 1)
-        return "analysis";
-    DateTool::createHourLabel(std::trunc(hours), 0, text);
-    return text;
-}
-
 String foreNumber(float hours) {
     char text[16] = "";
     if (hours != Const::MISS)
@@ -59,7 +52,8 @@ int expand(const Plot& plot, char letter, String& text) {
         DateTool::createLabel(plot.date, plot.timezone, text);
         return 1;
     case 'F':
-        return text.copy(foreLabel(plot.fore_hour));
+        ForeTime::toTimeLabel(plot.fore_hour, text);
+        return 1;
     case 'S':
         return text.copy(plot.source);
     case 'V': {
