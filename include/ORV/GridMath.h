@@ -17,8 +17,8 @@ class Grids;
 /// but by the thermodynamic functions.
 ///
 /// Missing: a result is missing where any operand is, unless said otherwise. What comes out as no
-/// number at all (a negative number to a broken power, the difference of two infinities) is missing,
-/// too; what exceeds the range of float is infinite.
+/// number at all (a negative number to a broken power, the difference of two infinities) is
+/// missing, too; what exceeds the range of float is infinite.
 ///
 /// A value grid (1 by 1, see Grid) may stand for a constant in the arithmetic of two grids, in
 /// `interp`, in lists, and as any but the first operand of a thermodynamic function.
@@ -31,9 +31,9 @@ public:
     /// with the units that it has. Of both, 19 characters count.
     ///
     /// Returns 0 for an unknown word, else 1, also when the function was refused. The result has
-    /// data only when the function was computed, so nothing that it held before is taken for it. The
-    /// operands stay as they are; what is missing behind the last one counts as without data, and
-    /// more than a function takes are passed over.
+    /// data only when the function was computed, so nothing that it held before is taken for it.
+    /// The operands stay as they are; what is missing behind the last one counts as without data,
+    /// and more than a function takes are passed over.
     ///
     ///     valid          a, b      the first that has data
     ///     add sub mul    a, b      also div, mod, pow; sub in the units of a
@@ -152,10 +152,11 @@ public:
     /// the units by metre. Rows at a pole and off the earth are missing, but not in `dy`; so is all
     /// when the domain has no spacing.
     ///
-    /// A first derivative takes the neighbours on both sides, one of them and the point itself where
-    /// the other is missing or outside, and is 0 without either. A second one needs three points in
-    /// a row, around the point or from it on: from higher indexes, unless the first one there is
-    /// missing or outside; then from lower. A refused call of these three leaves out without data.
+    /// A first derivative takes the neighbours on both sides, one of them and the point itself
+    /// where the other is missing or outside, and is 0 without either. A second one needs three
+    /// points in a row, around the point or from it on: from higher indexes, unless the first one
+    /// there is missing or outside; then from lower. A refused call of these three leaves out
+    /// without data.
     static int dx(Grid& out, const Grid& in);
     static int dy(Grid& out, const Grid& in);
     static int laplacian(Grid& out, const Grid& in);

@@ -24,6 +24,18 @@ inline float toValue(double x) {
     return x > most ? infinite : x < -most ? -infinite : static_cast<float>(x);
 }
 
+/// Where a point of a grid lies: missing where it lies nowhere.
+inline Point plotAt(const Grid& grid, int i, int j) {
+    Point plot;
+    grid.tran(GridPoint(static_cast<float>(i), static_cast<float>(j)), plot);
+    return plot;
+}
+inline EarthPoint earthAt(const Grid& grid, int i, int j) {
+    EarthPoint earth;
+    grid.tran(GridPoint(static_cast<float>(i), static_cast<float>(j)), earth);
+    return earth;
+}
+
 /// Whether two grids have values at the same points; a constant has its value at all points.
 inline bool isTogether(const Grid& a, const Grid& b) {
     return a.isData() && b.isData() &&
@@ -56,18 +68,9 @@ auto pointwise(Value value, const Fields&... fields) {
     };
 }
 
-/// Names a result. Without units given, those that the name brings.
-inline int setName(Grid& grid, const char* name, const char* units) {
-    if (units)
-        return GridMath::setInfo(grid, name, units);
-    grid.var.setVar(name);
-    String title;
-    grid.var.toInfoLabel(title);
-    return grid.setInfo(title);
-}
-
-/// Makes `out` a grid like another one, with value(i, j) as its values. It is put in place last, so
-/// that it may be one of the operands.
+/// Makes `out` a grid like another one, of this variable and with value(i, j) as its values. It is
+/// put in place last, so that it may be one of the operands. 0, with nothing changed, when it has
+/// no room.
 template <class Value>
 int make(Grid& out, const Grid& like, const char* name, const char* units, Value value) {
     Grid made;
@@ -75,7 +78,7 @@ int make(Grid& out, const Grid& like, const char* name, const char* units, Value
     if (!made.allocData())
         return 0;
     fill(made, value);
-    setName(made, name, units);
+    GridMath::setInfo(made, name, units);
     out = std::move(made);
     return 1;
 }
@@ -85,9 +88,6 @@ inline int refuse(Grid& out) {
     out.init();
     return 0;
 }
-
-/// Whether a text is this one, null counting as empty.
-bool isWord(const char* text, const char* word);
 
 } // namespace GridCompute
 } // namespace ORV
