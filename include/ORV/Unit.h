@@ -29,6 +29,8 @@ public:
     /// lacks, or a result beyond the range of float, gives missing. Two equal names, also two empty
     /// ones, leave the value.
     float convert(float value, const char* from, const char* to);
+    /// The same for many values, in place.
+    int convert(float* values, int count, const char* from, const char* to);
     /// Non-zero when convert would work; 0 for two empty names.
     int valid(const char* from, const char* to);
     /// Looks up a pair of names without numbers in front; returns 1 when the file has it.

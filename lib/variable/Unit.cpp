@@ -208,15 +208,25 @@ int Unit::init() {
 }
 
 float Unit::convert(float value, const char* from, const char* to) {
-    if (value == Const::MISS)
-        return value;
+    if (value != Const::MISS) // else not worth a look at the file
+        convert(&value, 1, from, to);
+    return value;
+}
+
+int Unit::convert(float* values, int count, const char* from, const char* to) {
     const Names names(from, to);
     if (names.same())
-        return value;
+        return 1;
+    const auto change = [values, count](auto converted) {
+        for (float* x = values; x != values + count; ++x)
+            if (*x != Const::MISS)
+                *x = converted(*x);
+        return 1;
+    };
     if (names.sameButPrefix())
-        return inRange(names.pre * value / names.post);
+        return change([&names](float x) { return inRange(names.pre * x / names.post); });
     const UnitData* unit = find(names);
-    return unit->found ? apply(*unit, value) : Const::MISS;
+    return change([unit](float x) { return unit->found ? apply(*unit, x) : Const::MISS; });
 }
 
 int Unit::valid(const char* from, const char* to) {
