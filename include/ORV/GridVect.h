@@ -62,7 +62,8 @@ public:
     int print() override;
 
     /// Draws the grids, copies of which stay for queries: a map under them, the vectors, labels,
-    /// the reference arrow, a map over them. Without labels no label line is ended. The result is
+    /// the reference arrow, which takes the place of the label of the greatest speed, a map over
+    /// them. Without labels no label line is ended. The result is
     /// that of VectPlot::draw.
     int draw(Plot& plot, const Grid& u, const Grid& v);
 

@@ -110,9 +110,10 @@ public:
     /// and y as latitude, and keeps the components of its first point: it is straight.
     int drawStreamline(Plot& plot, const Grid& u, const Grid& v, int i, int j, float limit);
 
-    /// Adds the title (forecast time, level and variable), the date and the greatest speed as
-    /// labels of the plot. A plot without source and date takes those of the grid.
-    int drawLabels(Plot& plot, const Grid& grid);
+    /// Adds the title (forecast time, level and variable), the date and, unless it is missing or
+    /// told elsewhere, the greatest speed as labels of the plot. A plot without source and date
+    /// takes the date of the grid.
+    int drawLabels(Plot& plot, const Grid& grid, bool with_max = true);
 
     /// Draws the reference arrow, as long as that of the greatest speed, under the plot. Only at
     /// "lr". 0 when max is missing.

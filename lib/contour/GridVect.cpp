@@ -91,7 +91,7 @@ int GridVect::draw(Plot& plot, const Grid& u, const Grid& v) {
         maps.under.draw(plot);
     const int drawn = vect.draw(plot, ugrid, vgrid);
     if (label)
-        vect.drawLabels(plot, ugrid);
+        vect.drawLabels(plot, ugrid, !vbar);
     if (vbar)
         vect.drawVect(plot, "lr");
     if (map)

@@ -192,6 +192,7 @@ private:
         point.x += a / speed * dx / steps_per_length;
         point.y += b / speed * dx / steps_per_length;
         travelled += dx / steps_per_length;
+        plot.getDomain().adjust(point); // a line that leaves the world comes in on its other side
         at = locator.toGrid(point);
         sample();
     }

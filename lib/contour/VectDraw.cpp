@@ -1,5 +1,7 @@
+#include "ORV/Calc.h"
 #include "ORV/ColorFile.h"
 #include "ORV/Grid.h"
+#include "ORV/GridMath.h"
 #include "ORV/Orv.h"
 #include "ORV/Plot.h"
 #include "ORV/Range.h"
@@ -8,14 +10,24 @@
 
 #include "FillPen.h"
 #include "VectTools.h"
-#include "WindField.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ORV {
 namespace {
 
 constexpr int barbs = 1, streamlines = 2;
+
+/// Of all points, those with a component of 0 among them. 0 when there is none.
+float greatestSpeed(const Grid& u, const Grid& v) {
+    float most = 0;
+    for (int i = 0; i < u.nx * u.ny; i++)
+        if (u.data[i] != Const::MISS && v.data[i] != Const::MISS)
+            if (const float speed = Calc::windSpd(u.data[i], v.data[i]); std::isfinite(speed))
+                most = std::max(most, speed);
+    return most;
+}
 
 } // namespace
 
@@ -42,14 +54,14 @@ void VectPlot::setColors(Plot& plot) {
 
 int VectPlot::draw(Plot& plot, const Grid& u, const Grid& v) {
     plot.setLine();
-    if (!DomainVal::compare(u.domain, v.domain) || !u.isData() || !v.isData())
+    if (!GridMath::isDomainEqual(u, v) || !u.isData() || !v.isData())
         return 0;
-    max = WindField::maxSpeed(u, v);
+    max = GridMath::maxSpd(u, v);
     dom_scale = VectTools::asFactor(scale, max_scale) * u.getDx();
     setColors(plot);
 
     Grid along = u, across = v;
-    WindField::turn(along, across, plot.getDomain(), uvgrid == 1);
+    GridMath::adjustDir(along, across, plot.getDomain(), uvgrid);
     if (type == streamlines)
         drawStreamlines(plot, along, across);
     else
@@ -62,7 +74,7 @@ int VectPlot::draw(Plot& plot, const Grid& u, const Grid& v) {
 
 void VectPlot::drawGlyphs(Plot& plot, const Grid& u, const Grid& v) {
     const Domain& domain = plot.getDomain();
-    const float full = max == Const::MISS ? WindField::maxAnySpeed(u, v) : max;
+    const float full = max == Const::MISS ? greatestSpeed(u, v) : max;
     const float length = getLength();
     FillPen pen(plot, fill, isColored(), getAttr(plot));
     for (int j = 0; j < u.ny; j += std::max(skipy, 1))

@@ -122,18 +122,20 @@ float VectPlot::getLength() const {
     return vect_mag > 0 && max != Const::MISS ? dom_scale * max / vect_mag : dom_scale;
 }
 
-int VectPlot::drawLabels(Plot& plot, const Grid& grid) {
+int VectPlot::drawLabels(Plot& plot, const Grid& grid, bool with_max) {
     if (plot.source[0] == '\0' && !plot.date.isSet()) {
         plot.date = grid.date;
         if (const int fore = grid.getForeSeconds(); fore > 0 && plot.date.isSet())
             plot.date += fore;
     }
-    String speed, greatest("Max: ");
-    Tools::toString(max, 3, speed);
-    greatest.append(speed);
     plot.addLabel("ul", getTitle(grid, type).get());
     plot.addLabel("ur", grid.getDatim());
-    plot.addLabel("lr", greatest.get());
+    if (max != Const::MISS && with_max) {
+        String speed, greatest("Max: ");
+        Tools::toString(max, 3, speed);
+        greatest.append(speed);
+        plot.addLabel("lr", greatest.get());
+    }
     return 1;
 }
 
