@@ -142,7 +142,7 @@ private:
     class Bare {};
     explicit ContPlot(Bare) {}
 
-    Points polygon{10}; // the one in work
+    Points polygon; // the one in work
 
     void setColors(Plot& plot);
     void chooseLevels(float lo, float hi, bool find_interval);

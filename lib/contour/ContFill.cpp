@@ -259,7 +259,10 @@ int ContPlot::closePolygon(Plot& plot) {
 }
 
 int ContPlot::addPolygon(Plot& plot, std::initializer_list<const char*> parts) {
+    constexpr int most_points = 10;
     polygon.clear();
+    if (polygon.max < most_points)
+        polygon.expand(most_points);
     for (const char* part : parts)
         for (const char* c = part; *c; c++) {
             if (*c == '/') {
