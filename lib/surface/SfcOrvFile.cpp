@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
@@ -175,18 +176,39 @@ void writeWind(float dir, float spd, LineWriter& line) {
     line.put(' ');
 }
 
+// The leading digits are found by the altimeter setting, or by a hard frost without one.
+float decodeSlp(float v, float alt, float t) {
+    if (v < 0)
+        return miss;
+    const double mb = v / 10.0;
+    if (v >= 1000)
+        return static_cast<float>(mb);
+    if (v <= 500)
+        return static_cast<float>(mb + (has(alt) && alt < 28.4 ? 900 : 1000));
+    const bool high = has(alt) ? alt > 30.7 : has(t) && t < -10;
+    return static_cast<float>(mb + (high ? 1000 : 900));
+}
+
+// Sea-level pressure loses its leading digits where the reader finds them again; a station in hard
+// frost without an altimeter setting keeps them, or its 998 mb would come back as 1098.
+void writeSlp(const SfcData& data, LineWriter& line) {
+    const int tenths = Scan::toInt(data.slp * 10 + 0.1);
+    const int last_digits = tenths % 1000;
+    const bool usual = data.slp >= 950 && data.slp <= 1050;
+    const float found = decodeSlp(last_digits, data.alt, data.t);
+    line.integer(usual && std::fabs(found - data.slp) < 1 ? last_digits : tenths, 3, ' ');
+}
+
 void writePressures(const SfcData& data, LineWriter& line) {
     if (has(data.alt))
         line.integer(Scan::toInt(data.alt * 100 + 0.01) % 1000, 3, ' ');
     else
         line.put("-99");
     line.put(' ');
-    if (has(data.slp)) {
-        const int tenths = Scan::toInt(data.slp * 10 + 0.1);
-        line.integer(data.slp >= 950 && data.slp <= 1050 ? tenths % 1000 : tenths, 3, ' ');
-    } else {
+    if (has(data.slp))
+        writeSlp(data, line);
+    else
         line.put("-99");
-    }
     line.put(' ');
 }
 
@@ -360,19 +382,6 @@ float decodeAlt(float v) {
     if (v >= 1000)
         return static_cast<float>(inches);
     return static_cast<float>(v > 500 ? inches + 20 : inches + 30);
-}
-
-// The leading digits are found by the altimeter setting, or by a hard frost without one.
-float decodeSlp(float v, float alt, float t) {
-    if (v < 0)
-        return miss;
-    const double mb = v / 10.0;
-    if (v >= 1000)
-        return static_cast<float>(mb);
-    if (v <= 500)
-        return static_cast<float>(mb + (has(alt) && alt < 28.4 ? 900 : 1000));
-    const bool high = has(alt) ? alt > 30.7 : has(t) && t < -10;
-    return static_cast<float>(mb + (high ? 1000 : 900));
 }
 
 void readLayer(const char* text, CloudLayer& layer) {

@@ -199,6 +199,13 @@ TEST_F(SfcFileTest, PressuresFindTheirLeadingDigits) {
     SfcData data = makeReport();
     data.slp = 1063.2f;
     EXPECT_NE(writeLine(data).find(" 10632 "), std::string::npos);
+    // In hard frost without an altimeter setting the last digits alone would read as 1098.1.
+    data.slp = 998.1f;
+    data.alt = Const::MISS;
+    data.t = -12;
+    EXPECT_NE(writeLine(data).find(" 9981 "), std::string::npos);
+    data.t = 5;
+    EXPECT_NE(writeLine(data).find(" 981 "), std::string::npos);
     data.slp = 940;
     EXPECT_NE(writeLine(data).find(" 9400 "), std::string::npos);
 }
