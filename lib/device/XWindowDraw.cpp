@@ -169,8 +169,10 @@ int XWindow::clearRect(Rect& area) {
     if (!open_flag)
         return 0;
     const XLibrary& x = XLibrary::get();
-    const auto [x1, x2] = std::minmax(toPixel(area.xmin), toPixel(area.xmax));
-    const auto [y1, y2] = std::minmax(toPixel(area.ymin), toPixel(area.ymax));
+    Rect sorted;
+    sorted.set(area.xmin, area.ymin, area.xmax, area.ymax);
+    const int x1 = toPixel(sorted.xmin), x2 = toPixel(sorted.xmax);
+    const int y1 = toPixel(sorted.ymin), y2 = toPixel(sorted.ymax);
     x.setForeground(display, frame_gc, back_pixel);
     x.fillRectangle(display, target, frame_gc, x1, y1, unsigned(x2 - x1 + 1),
                     unsigned(y2 - y1 + 1));
