@@ -1,7 +1,7 @@
 #include "HttpTransfer.h"
 
+#include "../frame/SharedLibrary.h"
 #include <curl/curl.h>
-#include <dlfcn.h>
 #include <strings.h>
 
 #include <algorithm>
@@ -10,51 +10,32 @@
 
 namespace ORV {
 namespace {
-constexpr const char* library_name = "libcurl.so.4";
 constexpr long connect_secs = 30; // a server that doesn't answer
 constexpr long stall_secs = 60;   // or that stops sending
 
 /// The operations of libcurl. It is loaded on first use, since that takes longer than all else of a
 /// start, and most runs read no remote file.
-class CurlLibrary {
+class CurlLibrary : public SharedLibrary {
 public:
-    decltype(&curl_easy_init) easy_init = nullptr;
-    decltype(&curl_easy_setopt) easy_setopt = nullptr;
-    decltype(&curl_easy_cleanup) easy_cleanup = nullptr;
-    decltype(&curl_multi_init) multi_init = nullptr;
-    decltype(&curl_multi_add_handle) multi_add_handle = nullptr;
-    decltype(&curl_multi_remove_handle) multi_remove_handle = nullptr;
-    decltype(&curl_multi_perform) multi_perform = nullptr;
-    decltype(&curl_multi_poll) multi_poll = nullptr;
-    decltype(&curl_multi_info_read) multi_info_read = nullptr;
-    decltype(&curl_multi_cleanup) multi_cleanup = nullptr;
+    decltype(&curl_easy_init) easy_init = find("curl_easy_init");
+    decltype(&curl_easy_setopt) easy_setopt = find("curl_easy_setopt");
+    decltype(&curl_easy_cleanup) easy_cleanup = find("curl_easy_cleanup");
+    decltype(&curl_multi_init) multi_init = find("curl_multi_init");
+    decltype(&curl_multi_add_handle) multi_add_handle = find("curl_multi_add_handle");
+    decltype(&curl_multi_remove_handle) multi_remove_handle = find("curl_multi_remove_handle");
+    decltype(&curl_multi_perform) multi_perform = find("curl_multi_perform");
+    decltype(&curl_multi_poll) multi_poll = find("curl_multi_poll");
+    decltype(&curl_multi_info_read) multi_info_read = find("curl_multi_info_read");
+    decltype(&curl_multi_cleanup) multi_cleanup = find("curl_multi_cleanup");
 
     /// Returns null when the library, or an operation of it, isn't there.
     static const CurlLibrary* get() {
         static const CurlLibrary library;
-        return library.loaded ? &library : nullptr;
+        return library.isLoaded() ? &library : nullptr;
     }
 
 private:
-    CurlLibrary() : handle(dlopen(library_name, RTLD_NOW | RTLD_LOCAL)) {
-        loaded = handle && find(easy_init, "curl_easy_init") &&
-                 find(easy_setopt, "curl_easy_setopt") && find(easy_cleanup, "curl_easy_cleanup") &&
-                 find(multi_init, "curl_multi_init") &&
-                 find(multi_add_handle, "curl_multi_add_handle") &&
-                 find(multi_remove_handle, "curl_multi_remove_handle") &&
-                 find(multi_perform, "curl_multi_perform") && find(multi_poll, "curl_multi_poll") &&
-                 find(multi_info_read, "curl_multi_info_read") &&
-                 find(multi_cleanup, "curl_multi_cleanup");
-    }
-
-    template <class T>
-    bool find(T& operation, const char* name) const {
-        operation = reinterpret_cast<T>(dlsym(handle, name));
-        return operation != nullptr;
-    }
-
-    void* handle; // never closed: the library keeps threads and exit handlers of its own
-    bool loaded = false;
+    CurlLibrary() : SharedLibrary("libcurl.so.4") {}
 };
 
 bool contains(const std::string& text, const char* part) {
