@@ -17,6 +17,7 @@
 namespace ORV {
 namespace {
 constexpr int report_level = 8;
+constexpr int weight_step = 8;
 constexpr int band_rows = 16;    // rows of the grid that share a list of stations
 constexpr int max_passes = 1000; // far beyond any that changes a value
 
@@ -93,6 +94,7 @@ public:
     int last = -1;
 
     bool isEmpty() const { return last < first; }
+    int getSize() const { return last - first + 1; }
 };
 
 /// The circle around a station in which it counts. Distances on the plot are taken from grid
@@ -114,9 +116,9 @@ public:
             return {0, n - 1};
         constexpr double rounding = 1e-6, underflow = 1e-44;
         const double room = limit * (1 + rounding) + underflow - across;
-        const double half = std::sqrt(std::max(room, 0.0)) / std::abs(dx) + 2 + n * 2.5e-7;
-        return {static_cast<int>(std::clamp(std::floor(center - half), 0.0, static_cast<double>(n))),
-                static_cast<int>(std::clamp(std::ceil(center + half), -1.0, n - 1.0))};
+        const double half = std::sqrt(std::max(room, 0.0)) / std::abs(dx) + (n + 1.0) * rounding;
+        return {static_cast<int>(std::clamp(center - half, 0.0, static_cast<double>(n))),
+                static_cast<int>(std::clamp(center + half, -1.0, n - 1.0))};
     }
 
     /// The points of a row in reach. Float rounding keeps the order of distances, so there are no
@@ -134,36 +136,39 @@ public:
 /// Sums over the stations for the points of one row.
 class RowSums {
 public:
-    std::vector<double> sum;
-    std::vector<double> weight;
-    std::vector<int> count;
+    class Sum {
+    public:
+        double value = 0;
+        double weight = 0;
+    };
 
-    explicit RowSums(int n) : sum(n), weight(n), count(n) {}
+    std::vector<Sum> points;
+    std::vector<int> steps; ///< how much the number of stations changes from column to column
+
+    explicit RowSums(int n) : points(n), steps(n + 1) {}
 
     void clear() {
-        std::fill(sum.begin(), sum.end(), 0);
-        std::fill(weight.begin(), weight.end(), 0);
-        std::fill(count.begin(), count.end(), 0);
+        std::fill(points.begin(), points.end(), Sum());
+        std::fill(steps.begin(), steps.end(), 0);
     }
-    void addOne(int i, float value) {
-        sum[i] += value;
-        weight[i] += 1;
-        count[i]++;
+    void count(const Span& span) {
+        steps[span.first]++;
+        steps[span.last + 1]--;
+    }
+    void addGuess(int i, float value) {
+        points[i] = {0.0 + value, 1.0};
+        count({i, i});
     }
     void add(const Span& span, float value, const double* weights) {
-        const int n = span.last - span.first + 1;
-        double* const sums = &sum[span.first];
-        double* const sum_weights = &weight[span.first];
-        int* const counts = &count[span.first];
-        for (int k = 0; k < n; k++)
-            sums[k] += value * weights[k];
-        for (int k = 0; k < n; k++)
-            sum_weights[k] += weights[k];
-        for (int k = 0; k < n; k++)
-            counts[k]++;
+        count(span);
+        const double factor = value;
+        Sum* const sums = points.data() + span.first;
+        const int n = span.getSize();
+        for (int k = 0; k < n; k++) {
+            sums[k].value += factor * weights[k];
+            sums[k].weight += weights[k];
+        }
     }
-    bool isUsable(int i, int min_sta) const { return weight[i] != 0 && count[i] >= min_sta; }
-    double mean(int i) const { return sum[i] / weight[i]; }
 };
 
 float toValue(double x) {
@@ -219,7 +224,7 @@ ObjectAnal::Run::Run(const ObjectAnal& settings, const Data& table, Grids& out)
     nx = domain.nx;
     ny = domain.ny;
     sums.assign(fields.size(), RowSums(nx));
-    weights.resize(nx);
+    weights.resize(nx + weight_step);
     sortIntoBands();
 }
 
@@ -306,7 +311,7 @@ void ObjectAnal::Run::startRow(int j, bool first) {
             const float present = grid.getValue1(i, j);
             const float guess = present == Const::MISS ? anal.miss_val : present;
             if (guess != Const::MISS)
-                row.addOne(i, guess);
+                row.addGuess(i, guess);
         }
     }
 }
@@ -327,23 +332,32 @@ void ObjectAnal::Run::addStation(int s, int j) {
 }
 
 void ObjectAnal::Run::weigh(const Span& span, float center, float across) {
-    const int n = span.last - span.first + 1;
+    const int n = span.getSize();
     const double filter = anal.filter;
+    double* const exponents = weights.data();
+    // In steps of a known length, also beyond the span, the compiler makes vectors of it.
+    for (int start = 0; start < n; start += weight_step)
+        for (int k = start; k < start + weight_step; k++)
+            exponents[k] =
+                -static_cast<double>(reach.square(center, span.first + k) + across) / filter;
     for (int k = 0; k < n; k++)
-        weights[k] = -static_cast<double>(reach.square(center, span.first + k) + across) / filter;
-    for (int k = 0; k < n; k++)
-        weights[k] = std::exp(weights[k]);
+        exponents[k] = std::exp(exponents[k]);
 }
 
 void ObjectAnal::Run::finishRow(int j, bool first) {
     for (std::size_t n = 0; n < fields.size(); n++) {
         const RowSums& row = sums[n];
         Grid& grid = grids.grd[fields[n]];
+        int count = 0;
         for (int i = 0; i < nx; i++) {
+            const RowSums::Sum& sum = row.points[i];
+            count += row.steps[i];
             const float old = first ? 0 : grid.getValue1(i, j);
             float value = Const::MISS;
-            if (old != Const::MISS && row.isUsable(i, anal.min_sta))
-                value = toValue(first ? row.mean(i) : old + row.mean(i));
+            if (old != Const::MISS && sum.weight != 0 && count >= anal.min_sta) {
+                const double mean = sum.value / sum.weight;
+                value = toValue(first ? mean : old + mean);
+            }
             grid.setValue1(i, j, value);
         }
     }

@@ -1,0 +1,2 @@
+orv_fuzz(AnalysisParam)
+orv_fuzz(GridSpec)

@@ -1,0 +1,231 @@
+#include "ORV/Grid.h"
+
+#include "ORV/FloatArray.h"
+#include "ORV/GridSpec.h"
+#include "ORV/Range.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+using namespace ORV;
+
+namespace {
+constexpr float inf = std::numeric_limits<float>::infinity();
+
+/// 3 columns, 2 rows: 0 10 20 above 100 200 400.
+Grid makeGrid() {
+    Grid grid(3, 2);
+    const float values[] = {0, 10, 20, 100, 200, 400};
+    grid.setData(values);
+    return grid;
+}
+
+TEST(Grid, RowsRunFromTheTop) {
+    Grid grid;
+    grid.setDomain(Domain("ll,40,-100,3,3,10,5"));
+    ASSERT_EQ(grid.setData(std::vector<float>(9).data()), 1);
+    EXPECT_EQ(grid.setValue(2, 0, 7), 1);
+    EXPECT_EQ(grid.data[2], 7);
+    EXPECT_EQ(grid.getValue(EarthPoint(45, -90)), 7) << "the north-east corner";
+    EXPECT_EQ(grid.getValue(EarthPoint(35, -90)), 0);
+    EXPECT_EQ(grid.getValue(EarthPoint(46, -90)), Const::MISS);
+    EXPECT_EQ(grid.getValue(Point(10, 45)), 7) << "from the central meridian";
+
+    Point moved;
+    EXPECT_EQ(grid.tran(Domain("me,0,0,9,9,1,1"), Point(0, 0), moved), 1);
+    EXPECT_NEAR(moved.x, 100, 1e-4) << "degrees from the central meridian";
+}
+
+TEST(Grid, BilinearBetweenPoints) {
+    const Grid grid = makeGrid();
+    const struct {
+        float gx, gy, value;
+        const char* what;
+    } cases[] = {
+        {0, 0, 0, "a corner"},
+        {0.5F, 0, 5, "along a row"},
+        {0.25F, 0.5F, 63.75F, "0.5 * (0.75 * 0 + 0.25 * 10) + 0.5 * (0.75 * 100 + 0.25 * 200)"},
+        {2, 0.25F, 115, "along the last column"},
+        {1.5F, 1, 300, "along the last row"},
+        {2, 1, 400, "the last point"},
+        {-0.001F, 0, Const::MISS, "to the left"},
+        {2.001F, 0, Const::MISS, "to the right"},
+        {0, 1.001F, Const::MISS, "below"},
+        {std::nanf(""), 0, Const::MISS, "nowhere"},
+        {0, inf, Const::MISS, "far away"},
+    };
+    for (const auto& c : cases)
+        EXPECT_FLOAT_EQ(grid.getValue(GridPoint(c.gx, c.gy)), c.value) << c.what;
+}
+
+TEST(Grid, AnyMissingCornerMakesMissing) {
+    Grid grid = makeGrid();
+    grid.setValue(1, 1, Const::MISS);
+    EXPECT_EQ(grid.getValue(GridPoint(0, 0)), Const::MISS) << "also with weight 0";
+    EXPECT_EQ(grid.getValue(GridPoint(1.5F, 1)), Const::MISS);
+    EXPECT_EQ(grid.getValue(GridPoint(2, 0.5F)), 210) << "the last column has its own neighbours";
+    EXPECT_EQ(grid.getValue(GridPoint(2, 1)), 400);
+    grid.setValue(2, 1, Const::MISS);
+    EXPECT_EQ(grid.getValue(GridPoint(2, 1)), Const::MISS);
+
+    grid = makeGrid();
+    grid.setValue(1, 1, inf);
+    EXPECT_EQ(grid.getValue(GridPoint(0.5F, 0.5F)), inf);
+    EXPECT_EQ(grid.getValue(GridPoint(0, 0)), Const::MISS) << "0 times infinity is no number";
+}
+
+TEST(Grid, ValueGridIsConstant) {
+    Grid grid(1, 1);
+    grid.setValue(0, 0, 5);
+    EXPECT_EQ(grid.getValue(3, 7), 5);
+    EXPECT_EQ(grid.setValue(3, 7, 6), 0);
+    EXPECT_EQ(grid.getValue(GridPoint(0, 0)), 5);
+    EXPECT_EQ(grid.getValue(GridPoint(0, 0.5F)), Const::MISS);
+
+    Grid line(1, 3);
+    line.setValue(0, 1, 4);
+    line.setValue(0, 2, 8);
+    EXPECT_EQ(line.getValue(GridPoint(0, 1.5F)), 6);
+    EXPECT_EQ(line.getValue(1, 1), Const::MISS);
+}
+
+TEST(Grid, NoDataForSizesThatHoldNone) {
+    const struct {
+        int nx, ny;
+    } sizes[] = {{0, 5},
+                 {5, -1},
+                 {Const::MISS, Const::MISS},
+                 {65536, 65536},
+                 {std::numeric_limits<int>::max(), std::numeric_limits<int>::max()},
+                 {std::numeric_limits<int>::min(), 1}};
+    for (const auto& size : sizes) {
+        const Grid grid(size.nx, size.ny);
+        EXPECT_FALSE(grid.isData()) << size.nx << " by " << size.ny;
+        EXPECT_EQ(grid.getValue(0, 0), Const::MISS);
+        EXPECT_EQ(grid.getValue(GridPoint(0, 0)), Const::MISS);
+        EXPECT_EQ(grid.getValid(), Const::MISS);
+    }
+    Grid grid;
+    EXPECT_EQ(grid.setValue(0, 0, 1), 0);
+    EXPECT_EQ(grid.scale(2), 0);
+    EXPECT_EQ(grid.setData(FloatArray(), 0), 0);
+}
+
+TEST(Grid, ArraysOfAnotherSizeGoWhenTheSizeChanges) {
+    Grid grid = makeGrid();
+    ASSERT_EQ(grid.allocLocate(), 1);
+    grid.setDomain(Domain("ll,0,0,3,2,1,1"));
+    EXPECT_EQ(grid.getValue(2, 1), 400) << "the same size on another domain";
+    EXPECT_EQ(grid.setLocate(2, 1, Point(4, 5)), 1);
+    EXPECT_EQ(grid.getLocate(2, 1).y, 5);
+    Grid larger(40, 40);
+    EXPECT_EQ(larger.copyData(grid), 0);
+    EXPECT_EQ(larger.getValue(39, 39), Const::MISS);
+    grid.copyInfo(larger);
+    EXPECT_FALSE(grid.isData());
+    EXPECT_FALSE(grid.isLocate());
+    EXPECT_EQ(grid.getLocate(0, 0).x, Const::MISS);
+    EXPECT_EQ(grid.getValue(39, 39), Const::MISS);
+}
+
+TEST(Grid, CopiesAreDeep) {
+    Grid grid = makeGrid();
+    grid.setInfo("first");
+    Grid copy;
+    copy.copyInfo(grid);
+    EXPECT_STREQ(copy.getInfo(), "first");
+    EXPECT_FALSE(copy.isData());
+    copy.copyData(grid);
+    copy.setValue(0, 0, 77);
+    EXPECT_EQ(grid.getValue(0, 0), 0);
+    copy = copy; // NOLINT
+    EXPECT_EQ(copy.getValue(0, 0), 77);
+}
+
+TEST(Grid, FlipReversesRowsNotColumns) {
+    Grid grid(3, 2);
+    const float values[] = {1, 2, 3, 4, 5, 6};
+    EXPECT_EQ(grid.setData(values, 1), 1);
+    EXPECT_EQ(grid.getValue(0, 0), 4);
+    EXPECT_EQ(grid.getValue(2, 1), 3);
+
+    FloatArray short_list;
+    for (const float value : {1, 2, 3, 4})
+        short_list.add(value);
+    EXPECT_EQ(grid.setData(short_list, 1), 1);
+    EXPECT_EQ(grid.getValue(0, 0), 4);
+    EXPECT_EQ(grid.getValue(1, 0), Const::MISS) << "behind the end of the list";
+    EXPECT_EQ(grid.getValue(2, 1), 3);
+}
+
+TEST(Grid, StatisticsSkipMissing) {
+    Grid grid = makeGrid();
+    grid.setValue(1, 0, Const::MISS);
+    Range range;
+    EXPECT_EQ(grid.getValid(), 5);
+    EXPECT_EQ(grid.getAverage(), 144);
+    EXPECT_EQ(grid.scale(-2), 1);
+    EXPECT_EQ(grid.offset(50), 1);
+    EXPECT_EQ(grid.getValue(1, 0), Const::MISS);
+    EXPECT_EQ(grid.getRange(range), 1);
+    EXPECT_EQ(range.min, -750);
+    EXPECT_EQ(range.max, 50);
+
+    grid.allocData();
+    EXPECT_EQ(grid.getRange(range), 1);
+    EXPECT_EQ(range.min, Const::MISS);
+    EXPECT_EQ(range.max, Const::MISS);
+    EXPECT_EQ(grid.getAverage(), Const::MISS);
+    EXPECT_EQ(grid.getValid(), 0);
+    EXPECT_EQ(Grid().getRange(range), 0);
+}
+
+TEST(Grid, UnitsReplaceThoseOfTheTitle) {
+    const struct {
+        const char *info, *units, *mended;
+    } cases[] = {
+        {"Temperature [C]", "F", "Temperature [F]"},
+        {"Height (m) [old]", "dam", "Height (m) [dam]"},
+        {"Latitude (deg)", "rad", "Latitude [rad]"},
+        {"Pressure", "mb", "Pressure [mb]"},
+        {"Pressure", "", "Pressure"},
+    };
+    for (const auto& c : cases) {
+        Grid grid;
+        grid.setInfo(c.info);
+        EXPECT_EQ(grid.setUnits(c.units), *c.units != 0);
+        EXPECT_STREQ(grid.getInfo(), c.mended);
+        EXPECT_STREQ(grid.getUnits(), c.units);
+    }
+    Grid grid;
+    grid.setInfo(std::string(200, 'x').c_str());
+    grid.setUnits("mb");
+    EXPECT_STREQ(grid.getInfo(), std::string(89, 'x').c_str()) << "no room left";
+}
+
+TEST(Grid, DatesAndKey) {
+    Grid grid;
+    EXPECT_FALSE(grid.getInitDate().isSet());
+    grid.setDate(Date(2025, 1, 28, 6, 0, 0));
+    EXPECT_EQ(grid.getInitDate().hour, 6) << "no forecast";
+    grid.setForeTime("36hr");
+    EXPECT_EQ(grid.getInitDate().day, 26);
+    EXPECT_EQ(grid.getInitDate().hour, 18);
+    grid.setLevel("500mb");
+    grid.setModel(3);
+    grid.setGridType(211);
+    grid.var.var.setInd(7);
+    const GridSpec spec = grid.getSpec();
+    EXPECT_EQ(spec.model, 3);
+    EXPECT_EQ(spec.type, 211);
+    EXPECT_EQ(spec.time, 36);
+    EXPECT_EQ(spec.ltype, 100);
+    EXPECT_EQ(spec.level, 500);
+    EXPECT_EQ(spec.var[0], 7);
+    EXPECT_EQ(spec.num, Const::MISS);
+}
+} // namespace
