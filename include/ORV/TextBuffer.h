@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
+#include <cstddef>
+#include <cstring>
+#include <memory>
 #include <string_view>
 
 namespace ORV {
@@ -14,11 +15,13 @@ class File;
 class TextBuffer {
 public:
     TextBuffer& text(std::string_view piece) {
-        bytes.append(piece);
+        std::memcpy(room(piece.size()), piece.data(), piece.size());
+        size += piece.size();
         return *this;
     }
     TextBuffer& put(char c) {
-        bytes.push_back(c);
+        *room(1) = c;
+        size++;
         return *this;
     }
     /// As "%.*f", decimals 0 to 9: rounded from the exact binary value, ties to even, "-0.00" for
@@ -29,19 +32,28 @@ public:
     /// As "%02X" of the lowest 8 bits.
     TextBuffer& hex(unsigned value);
 
-    bool empty() const { return bytes.empty(); }
-    const std::string& get() const { return bytes; }
-    void clear() { bytes.clear(); }
+    bool empty() const { return size == 0; }
+    std::string_view get() const { return {bytes.get(), size}; }
+    void clear() { size = 0; }
     /// Writes all to the file and empties the buffer.
     int flush(File& file);
     /// Does so once enough has come together to be worth a write.
-    int flushFull(File& file) { return bytes.size() < full ? 1 : flush(file); }
+    int flushFull(File& file) { return size < full ? 1 : flush(file); }
 
 private:
     static constexpr std::size_t full = 256 * 1024;
-    void digits(std::uint64_t value, int least);
 
-    std::string bytes;
+    /// Where the next bytes go, with room for so many.
+    char* room(std::size_t more) {
+        if (capacity - size < more)
+            grow(more);
+        return bytes.get() + size;
+    }
+    void grow(std::size_t more);
+
+    std::unique_ptr<char[]> bytes;
+    std::size_t size = 0;
+    std::size_t capacity = 0;
 };
 
 } // namespace ORV

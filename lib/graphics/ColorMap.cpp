@@ -84,11 +84,16 @@ int ColorMap::add(const char* name, const RGB& color) {
 int ColorMap::getInd(const char* name) {
     if (!StrLib::valid(name))
         return Const::MISS;
+    // Colors are looked up for every station; most names differ in their first letter.
+    const auto isNamed = [&](const char* other) {
+        constexpr int case_bit = 0x20;
+        return ((other[0] ^ name[0]) & ~case_bit) == 0 && StrLib::iequal(name, other);
+    };
     for (const auto& word : reserved)
-        if (StrLib::iequal(name, word.name))
+        if (isNamed(word.name))
             return word.ind;
     for (int i = 0; i < num; i++)
-        if (StrLib::iequal(name, colors[i].name))
+        if (isNamed(colors[i].name))
             return i;
 
     RGB color;

@@ -50,6 +50,14 @@ const char* pick(const char* own, const char* dflt) {
     return StrLib::valid(own) ? own : dflt;
 }
 
+void setColor(Plot& plot, const char* name) {
+    const int ind = plot.getColorMap().getInd(name);
+    plot.setTextColor(ind);
+    plot.setLineColor(ind);
+    plot.setMarkColor(ind);
+    plot.setFillColor(ind);
+}
+
 bool isOnPlot(const Point& point) {
     return point.x != Const::MISS && point.y != Const::MISS;
 }
@@ -224,11 +232,7 @@ int DatumPlot::draw(Plot& plot, const Datum& datum) {
     setAttributes(plot, element);
     if (first)
         setUp(plot);
-    const char* color = pick(own.color, attr.color);
-    plot.setTextColor(color);
-    plot.setLineColor(color);
-    plot.setMarkColor(color);
-    plot.setFillColor(color);
+    ORV::setColor(plot, pick(own.color, attr.color));
     if (StrLib::valid(own.symbol))
         plot.graph.setSymbol(own.symbol);
     drawKind(plot, element);
@@ -276,12 +280,10 @@ void DatumPlot::colorByValue(Plot& plot, const Element& element, bool text_only)
     if (!use_fill || StrLib::valid(element.own.color))
         return;
     const PlotAttr shade = fill.get(element.datum.value[0]);
-    plot.setTextColor(shade.color);
     if (text_only)
-        return;
-    plot.setLineColor(shade.color);
-    plot.setMarkColor(shade.color);
-    plot.setFillColor(shade.color);
+        plot.setTextColor(shade.color);
+    else
+        ORV::setColor(plot, shade.color);
 }
 
 void DatumPlot::drawNumber(Plot& plot, const Element& element, const char* dflt) {

@@ -12,7 +12,7 @@ using namespace ORV;
 
 namespace {
 std::string fixed(double value, int decimals) {
-    return TextBuffer().fixed(value, decimals).get();
+    return std::string(TextBuffer().fixed(value, decimals).get());
 }
 
 std::string printed(double value, int decimals) {
