@@ -17,8 +17,8 @@
 namespace ORV {
 namespace {
 constexpr int report_level = 8;
-constexpr int weight_step = 8;
-constexpr int band_rows = 16;    // rows of the grid that share a list of stations
+constexpr int weight_step = 4;   // weights that are worked out together
+constexpr int band_rows = 8;     // rows of the grid that share a list of stations
 constexpr int max_passes = 1000; // far beyond any that changes a value
 
 const char* show(const char* text) {
@@ -102,7 +102,8 @@ public:
 class Reach {
 public:
     float dx = 0;
-    float limit = 0; ///< squared radius
+    double per_dx = 0; ///< grid lengths in a plot unit
+    float limit = 0;   ///< squared radius
 
     float square(float center, int i) const {
         const float distance = (center - i) * dx;
@@ -116,7 +117,7 @@ public:
             return {0, n - 1};
         constexpr double rounding = 1e-6, underflow = 1e-44;
         const double room = limit * (1 + rounding) + underflow - across;
-        const double half = std::sqrt(std::max(room, 0.0)) / std::abs(dx) + (n + 1.0) * rounding;
+        const double half = std::sqrt(std::max(room, 0.0)) * per_dx + (n + 1.0) * rounding;
         return {static_cast<int>(std::clamp(center - half, 0.0, static_cast<double>(n))),
                 static_cast<int>(std::clamp(center + half, -1.0, n - 1.0))};
     }
@@ -190,7 +191,8 @@ private:
     void sortIntoBands();
     void takeValues();
     void startRow(int j, bool first);
-    void addStation(int s, int j);
+    void addStations(int j);
+    void addStation(int s, float across);
     void finishRow(int j, bool first);
     void weigh(const Span& span, float center, float across);
 
@@ -215,6 +217,7 @@ private:
 ObjectAnal::Run::Run(const ObjectAnal& settings, const Data& table, Grids& out)
     : anal(settings), data(table), grids(out), domain(out.getDomainVal(0)), stations(table.num) {
     reach.dx = domain.dx;
+    reach.per_dx = 1 / std::abs(static_cast<double>(domain.dx));
     reach.limit = anal.rad_inf * anal.rad_inf * domain.dx * domain.dx;
     findGrids();
     findPlaces();
@@ -295,9 +298,7 @@ void ObjectAnal::Run::pass(bool first) {
     }
     for (int j = 0; j < ny; j++) {
         startRow(j, first);
-        const int band = j / band_rows;
-        for (std::size_t k = band_start[band]; k < band_start[band + 1]; k++)
-            addStation(band_stations[k], j);
+        addStations(j);
         finishRow(j, first);
     }
 }
@@ -316,15 +317,22 @@ void ObjectAnal::Run::startRow(int j, bool first) {
     }
 }
 
-void ObjectAnal::Run::addStation(int s, int j) {
-    const GridPoint& place = places[s];
-    const float across = reach.square(place.gy, j);
-    if (!useful[s] || !(across <= reach.limit))
-        return;
-    const Span span = reach.inner(place.gx, across, nx);
+void ObjectAnal::Run::addStations(int j) {
+    const int band = j / band_rows;
+    for (std::size_t k = band_start[band]; k < band_start[band + 1]; k++) {
+        const int s = band_stations[k];
+        const float across = reach.square(places[s].gy, j);
+        if (useful[s] && across <= reach.limit)
+            addStation(s, across);
+    }
+}
+
+void ObjectAnal::Run::addStation(int s, float across) {
+    const float center = places[s].gx;
+    const Span span = reach.inner(center, across, nx);
     if (span.isEmpty())
         return;
-    weigh(span, place.gx, across);
+    weigh(span, center, across);
     const float* station_values = values.data() + s * fields.size();
     for (std::size_t n = 0; n < fields.size(); n++)
         if (station_values[n] != Const::MISS)
