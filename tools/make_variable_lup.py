@@ -74,8 +74,8 @@ vect Wind
 barb Wind
 strm Streamlines
 add Sum
-diff Difference
-mult Product
+sub Difference
+mul Product
 div Ratio
 mod Remainder
 pow Power
@@ -95,6 +95,22 @@ conv Convergence
 adv Advection
 def1 Stretching deformation
 def2 Shearing deformation
+sum Sum
+valid First of several
+spd Wind speed
+dir Wind direction
+mag Magnitude
+vdiff Vector difference
+station Station model
+temps Temperature and dewpoint
+winds Wind and gusts
+press Pressure and tendency
+weather Weather and sky
+flight Flight category
+rain Precipitation
+extremes Extreme temperatures
+comfort Felt temperature
+marine Sea and waves
 wavhgt Wave height
 o3tot Total ozone
 presstd Sea level pressure (standard)
