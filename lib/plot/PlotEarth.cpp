@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <vector>
 
 namespace ORV {
 
@@ -188,13 +189,17 @@ int Plot::drawFill(const Points& points) {
 int Plot::drawFill(const EarthPoints& earth) {
     if (isOff(fill_ind))
         return 0;
+    const WorldEdge edge(getDomain());
+    if (getProj() == 8 && graph.cur_tran == map_tran) {
+        edge.project(earth, earth_points);
+        return drawFill(earth_points);
+    }
     getDomain().tran(earth, earth_points);
     if (graph.cur_tran != map_tran)
         return graph.drawFill(earth_points);
 
     // What is hidden behind the limb is drawn along it, since a straight line from the last point
     // in sight to the next one would cut through the map.
-    const WorldEdge edge(getDomain());
     bool in_sight = false;
     run_points.clear();
     for (int i = 0; i < earth_points.num; i++) {
@@ -213,6 +218,14 @@ int Plot::drawPolygon(Points& polygon) {
         return 0;
     const Domain& domain = getDomain();
     const WorldEdge edge(domain);
+    if (edge.isCone()) {
+        std::vector<Points> polygons;
+        int drawn = 0;
+        if (edge.splitOnCone(polygon, polygons))
+            for (const Points& piece : polygons)
+                drawn |= graph.drawFill(piece);
+        return drawn;
+    }
     const int side = edge.wrap(polygon);
     if (!edge.close(polygon))
         return 0;

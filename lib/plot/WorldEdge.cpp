@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <utility>
+#include <vector>
 
 namespace ORV {
 namespace {
@@ -17,6 +18,8 @@ constexpr double pole_width = 0.01;      // of an ellipse there, in radii: too n
 constexpr double last_stereo_lat = 75;   // degrees into the far hemisphere, where maps are cut
 constexpr int outer_steps = 72;          // of a circle around the map
 constexpr int limb_steps = 10;           // halvings of a segment
+constexpr int arc_depth = 8;             // the same near the antipode,
+constexpr double arc_step = 0.05;        // in radii of the near hemisphere's rim
 
 } // namespace
 
@@ -122,10 +125,7 @@ bool WorldEdge::parts(const Point& a, const Point& b) const {
         return std::hypot(a.x, a.y) > rim && std::hypot(b.x, b.y) > rim &&
                std::hypot(double(a.x) - b.x, double(a.y) - b.y) > domain.earth_rad;
     }
-    const bool cone = domain.proj == 9 || (domain.proj == 4 && domain.xfactor > 0.5);
-    if (!cone || (a.x < 0) == (b.x < 0))
-        return false;
-    return std::fabs(coneAngle(a) - coneAngle(b)) > coneHalf();
+    return (domain.proj == 9 || (domain.proj == 4 && domain.xfactor > 0.5)) && isCut(a, b);
 }
 
 double WorldEdge::excess(const Point& point) const {
@@ -224,36 +224,110 @@ void WorldEdge::closeAroundPole(Points& ring) const {
         add(first, k);
 }
 
-// From one edge of the cone to the other a polygon goes along the near pole, a point or an arc, so
-// that it has no part in the gap.
-int WorldEdge::closeOnCone(Points& ring) const {
+bool WorldEdge::isCut(const Point& a, const Point& b) const {
+    return (a.x < 0) != (b.x < 0) && std::fabs(coneAngle(a) - coneAngle(b)) > coneHalf();
+}
+
+// Cuts a polygon along the edges of the cone, so that no piece has a part in the gap. The pieces of
+// its outline that lie between the edges are joined along them: every second stretch of an edge
+// between two ends is inside.
+int WorldEdge::splitOnCone(const Points& ring, std::vector<Points>& polygons) const {
+    class Strand {
+    public:
+        Points points;
+        double radius[2]; // where it begins and ends on an edge, from the apex,
+        int side[2];      // which is on this side
+    };
     const Point apex = conePoint(0, 0);
     const auto radius = [&](const Point& point) {
         return std::hypot(double(point.x) - apex.x, double(point.y) - apex.y);
     };
-    const float near_pole = (domain.proj == 9 ? domain.mult : domain.scale) < 0 ? -90.0f : 90.0f;
-    Point pole, equator;
-    domain.tran(EarthPoint(near_pole, domain.plon), pole);
-    domain.tran(EarthPoint(0, domain.plon), equator);
+    int first = 0;
+    while (first < ring.num && !isCut(ring.get(first - 1), ring.get(first)))
+        first++;
+    if (first == ring.num) {
+        polygons.assign(1, ring);
+        return 1;
+    }
 
-    Points closed(ring.num + pole_steps + 1);
-    int turns = 0;
+    std::vector<Strand> strands;
     double sum = 0;
     for (int i = 0; i < ring.num; i++) {
-        const Point point = ring.get(i), last = ring.get(i - 1); // the last one before the first
-        if (parts(last, point)) {
-            const int side = coneAngle(last) < 0 ? -1 : 1;
-            turns += side;
-            for (int k = 0; k <= pole_steps; k++)
-                closed.add(conePoint(radius(pole), side * coneHalf() * (1 - 2.0 * k / pole_steps)));
-        }
-        closed.add(point);
+        const int at = (first + i) % ring.num;
+        const Point point = ring.get(at), last = ring.get(at - 1); // the last one before the first
         sum += radius(point);
+        if (isCut(last, point)) {
+            const double from = coneHalf() - std::fabs(coneAngle(last));
+            const double to = coneHalf() - std::fabs(coneAngle(point));
+            const double t = from + to > 0 ? from / (from + to) : 0;
+            const double r = radius(last) + t * (radius(point) - radius(last));
+            const int side = coneAngle(point) < 0 ? -1 : 1;
+            if (!strands.empty()) {
+                strands.back().radius[1] = r;
+                strands.back().side[1] = -side;
+                strands.back().points.add(conePoint(r, -side * coneHalf()));
+            }
+            strands.emplace_back();
+            strands.back().radius[0] = r;
+            strands.back().side[0] = side;
+            strands.back().points.add(conePoint(r, side * coneHalf()));
+            if (i == 0) { // where the last strand will end
+                strands[0].radius[1] = r;
+                strands[0].side[1] = -side;
+            }
+        }
+        strands.back().points.add(point);
     }
-    // What goes around the far pole is left out, as such maps leave out that pole.
-    if (turns != 0 && sum > radius(equator) * ring.num)
-        return 0;
-    ring = closed;
+    Strand& last = strands.back();
+    const double r = strands[0].radius[0];
+    const int side = -strands[0].side[0];
+    last.points.add(conePoint(r, side * coneHalf()));
+    last.radius[1] = r;
+    last.side[1] = side;
+
+    if (strands.size() % 2 != 0) { // around a pole
+        const float near_pole = (domain.proj == 9 ? domain.mult : domain.scale) < 0 ? -90.0f : 90;
+        Point pole, equator;
+        domain.tran(EarthPoint(near_pole, domain.plon), pole);
+        domain.tran(EarthPoint(0, domain.plon), equator);
+        if (sum > radius(equator) * ring.num)
+            return 0; // such maps leave out the far pole
+        Strand arc;   // the near one is a point or an arc
+        for (int k = 0; k <= pole_steps; k++)
+            arc.points.add(conePoint(radius(pole), coneHalf() * (1 - 2.0 * k / pole_steps)));
+        arc.radius[0] = arc.radius[1] = -1;
+        arc.side[0] = 1;
+        arc.side[1] = -1;
+        strands.push_back(arc);
+    }
+
+    const int num = static_cast<int>(strands.size());
+    std::vector<int> ends(2 * num); // strand and which of its ends, by edge and radius
+    for (int i = 0; i < 2 * num; i++)
+        ends[i] = i;
+    const auto place = [&](int end) {
+        const Strand& strand = strands[end / 2];
+        return std::make_pair(strand.side[end % 2], strand.radius[end % 2]);
+    };
+    std::sort(ends.begin(), ends.end(), [&](int x, int y) { return place(x) < place(y); });
+    std::vector<int> partner(2 * num);
+    for (int i = 0; i + 1 < 2 * num; i += 2) {
+        partner[ends[i]] = ends[i + 1];
+        partner[ends[i + 1]] = ends[i];
+    }
+    std::vector<bool> used(num);
+    polygons.clear();
+    for (int start = 0; start < num; start++) {
+        if (used[start])
+            continue;
+        polygons.emplace_back();
+        for (int end = 2 * start; !used[end / 2]; end = partner[end ^ 1]) {
+            used[end / 2] = true;
+            const Points& points = strands[end / 2].points;
+            for (int i = 0; i < points.num; i++)
+                polygons.back().add(points.get(end % 2 == 0 ? i : points.num - 1 - i));
+        }
+    }
     return 1;
 }
 
@@ -281,8 +355,6 @@ void WorldEdge::turnInsideOut(Points& ring) const {
 int WorldEdge::close(Points& ring) const {
     if (ring.num < 3)
         return 1;
-    if (domain.proj == 9 || (domain.proj == 4 && domain.xfactor > 0.5))
-        return closeOnCone(ring);
     if (domain.proj != 1 && domain.proj != 8) {
         closeAroundPole(ring);
         return 1;
@@ -349,8 +421,39 @@ Point WorldEdge::findLimb(EarthPoint seen, EarthPoint hidden) const {
     return last;
 }
 
+// Adds what lies between two points on the earth, until it is as smooth on the map as elsewhere.
+void WorldEdge::addArc(const EarthPoint& from, const Point& start, const EarthPoint& to,
+                       const Point& end, int depth, Points& line) const {
+    const double rim = std::sqrt(2.0) * domain.earth_rad;
+    if (depth == 0 || start.x == Const::MISS || end.x == Const::MISS ||
+        std::hypot(double(start.x) - end.x, double(start.y) - end.y) < arc_step * rim ||
+        std::hypot(double(start.x), double(start.y)) < rim)
+        return;
+    EarthPoint there = to;
+    there.lon += to.lon - from.lon > 180 ? -360.0f : to.lon - from.lon < -180 ? 360.0f : 0.0f;
+    const EarthPoint middle((from.lat + there.lat) / 2, (from.lon + there.lon) / 2);
+    Point point;
+    domain.tran(middle, point);
+    addArc(from, start, middle, point, depth - 1, line);
+    line.add(point);
+    addArc(middle, point, there, end, depth - 1, line);
+}
+
+// Near the antipode, which is all of the disc's rim, a short way on the earth is a long one.
+void WorldEdge::refine(const EarthPoints& earth, Points& line) const {
+    Points fine(2 * line.num);
+    for (int i = 0; i < line.num; i++) {
+        if (i > 0)
+            addArc(earth.get(i - 1), line.get(i - 1), earth.get(i), line.get(i), arc_depth, fine);
+        fine.add(line.get(i));
+    }
+    line = fine;
+}
+
 void WorldEdge::project(const EarthPoints& earth, Points& line) const {
     domain.tran(earth, line);
+    if (domain.proj == 8)
+        refine(earth, line);
     if (!hasLimb())
         return;
     const auto isPlace = [&](int i) {

@@ -6,6 +6,8 @@
 #include "ORV/Point.h"
 #include "ORV/Points.h"
 
+#include <vector>
+
 namespace ORV {
 
 /// The edge of the world on a map that shows all of it: where x ends to the left and to the right,
@@ -44,11 +46,17 @@ public:
     /// the map is cut, and closes by way of that pole; one around the far end of a map, the other
     /// pole or the antipode, holds what is outside of it. 0 when nothing of it can be drawn.
     int close(Points& ring) const;
+    /// Whether the map is a cone, on which polygons have to be split instead.
+    bool isCone() const { return domain.proj == 9 || domain.proj == 4; }
+    /// Cuts a polygon at the gap of a cone. 0 for one around the far pole, which has no place
+    /// there.
+    int splitOnCone(const Points& ring, std::vector<Points>& polygons) const;
 
     /// The place on the limb beneath which a point behind it has vanished, in the orthographic and
     /// the satellite view; 0 in others, and for a point that is missing.
     int limb(const EarthPoint& earth, Point& point) const;
-    /// Puts a line on the map, in these views up to the limb where it goes behind it.
+    /// Puts a line on the map, in these views up to the limb where it goes behind it, and around
+    /// the antipode of an azimuthal one.
     void project(const EarthPoints& earth, Points& line) const;
 
 private:
@@ -61,7 +69,10 @@ private:
     Point conePoint(double radius, double angle) const;
     double poleY() const;
     void closeAroundPole(Points& ring) const;
-    int closeOnCone(Points& ring) const;
+    bool isCut(const Point& a, const Point& b) const;
+    void addArc(const EarthPoint& from, const Point& start, const EarthPoint& to, const Point& end,
+                int depth, Points& line) const;
+    void refine(const EarthPoints& earth, Points& line) const;
     void turnInsideOut(Points& ring) const;
 
     bool hasLimb() const { return domain.proj == 5 || domain.proj == 10; }
