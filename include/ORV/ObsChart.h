@@ -63,7 +63,8 @@ public:
     int getNumFrames() override;
     int getSync() override { return sync; }
 
-    /// Draws the file's reports as the plot list asks. Returns 0, with a message, when the file
+    /// Draws the file's reports as the plot list asks, on the base map when that is on; a list that
+    /// begins with a panel has its maps in panels only. Returns 0, with a message, when the file
     /// can't be opened; the plot keeps what it has then.
     int draw(Plot& plot) override;
     int print() override;

@@ -98,7 +98,10 @@ int ObsFrame::endOf(int i) const {
 }
 
 void ObsFrame::drawItems() {
-    drawMap(under_map);
+    // Before a list that begins with a panel there is no picture for a map to lie under.
+    blank = list.isPanel(0);
+    if (!blank)
+        drawMap(under_map);
     for (int i = 0; i < list.num; i++) {
         plot.setLine();
         plot.setText();
@@ -122,7 +125,9 @@ int ObsFrame::drawItem(int i) {
         return i;
     }
     if (list.isPanel(i)) {
-        drawMap(over_map);
+        if (!blank)
+            drawMap(over_map);
+        blank = false;
         plot.newPanel(list.getFormat(i));
         chart.cont.init();
         chart.vect.init();

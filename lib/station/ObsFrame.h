@@ -58,6 +58,7 @@ private:
     MapPlot under_map{"default,under"};
     MapPlot over_map{"over"};
     bool auto_map = false; ///< no item of the list is a map
+    bool blank = false;    ///< nothing was drawn yet
     int layer = 0;
     bool label = false;
 };

@@ -121,6 +121,12 @@ TEST_F(ObsChartTest, MapGoesUnderDataAndOverFills) {
     EXPECT_GT(firstOf(red), firstOf("fill 3 "));
     draw("temp[C,mk=plus]", 1, false);
     EXPECT_EQ(firstOf(red), -1);
+    // Each panel has a map; the page behind panels has none.
+    const auto maps = [&] { return device->count(red); };
+    draw("panel[0.5x1],temp[C,mk=plus],panel[0.5x1+0.5],dewp[C,mk=plus]", 1, true);
+    EXPECT_EQ(maps(), 2);
+    draw("temp[C,mk=plus],panel[0.5x1+0.5],dewp[C,mk=plus]", 1, true);
+    EXPECT_EQ(maps(), 2);
     // A map item of the list takes the place of the automatic map.
     draw("temp[C,mk=plus],map[mf=state_us.map[blue]]", 1, true);
     EXPECT_EQ(firstOf(red), -1);
