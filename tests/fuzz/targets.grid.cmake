@@ -1,2 +1,3 @@
 orv_fuzz(AnalysisParam)
 orv_fuzz(GridSpec)
+orv_fuzz(GridMath)
