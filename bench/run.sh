@@ -7,32 +7,47 @@ tools=$build/src
 source=../shared/data
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-export orvfpath=data
 
-cache=$(ls "$source"/metars-2025*.csv)
-"$tools/obsconv" -me none -o "$work/hours" "$cache"
-hour=$(find "$work/hours" -type f -size +100k | head -n 1)
-chart="$tools/obschart -me none -va station -de p,$work/x.ps,color"
+hour=examples/2025012722_sfc.cvt
+page="$tools/obschart -me none -de p,$work/x.ps,color"
+county="lamb:40.0:-105.3,40.0,-105.3,61,49,0.03,0.03"
 
-names=("an empty run" "import of $(basename "$cache")" "the US chart" "the world chart, every station")
-commands=(
-    "$tools/obschart -h"
-    "rm -rf $work/new && $tools/obsconv -me none -o $work/new $cache"
-    "$chart -pd us $hour"
-    "$chart -pd world -pr 7 $hour"
-)
+names=() commands=()
+# run NAME COMMAND: a run to measure.
+run() {
+    names+=("$1")
+    commands+=("$2")
+}
+
+run "an empty run" "$tools/obschart -h"
+for cache in "$source"/metars-*.csv; do
+    [ -f "$cache" ] || continue
+    run "import of $(basename "$cache")" \
+        "rm -rf $work/new && $tools/obsconv -me none -o $work/new $cache"
+done
+run "US, station models" "$page -pd us -va station $hour"
+run "world, every station" "$page -pd world -pr 7 -va station $hour"
+run "a page without map and data" "$page -pd world -dr none $hour"
+run "world, map of 1:50 m" "$page -pd world -mf orv.map $hour"
+run "world, the usual map" "$page -pd world $hour"
+run "world, land filled" "$page -pd world -mf fill.mpl $hour"
+run "Colorado with counties" "$page -pd colorado $hour"
+run "one county" "$page -pd $county $hour"
+run "US, analysis and stations" \
+    "$page -pd us -pr 7 -va analysis -oa 3,9,2,.3 -pa grid=3 $hour"
+
 arguments=()
 for i in "${!names[@]}"; do
     arguments+=(--command-name "${names[$i]}" "${commands[$i]}")
 done
-hyperfine --warmup 3 --min-runs 20 "${arguments[@]}"
+hyperfine --style basic --warmup 3 --min-runs 20 "${arguments[@]}"
 
 echo "Peak memory:"
 for i in "${!names[@]}"; do
-    printf '%-40s %s\n' "${names[$i]}" "$(bash -c "${commands[$i]}" >/dev/null 2>&1 &&
-        python3 bench/peak.py bash -c "exec ${commands[$i]##*&& }")"
+    printf '  %-36s %s\n' "${names[$i]}" "$(python3 bench/peak.py bash -c "${commands[$i]}")"
 done
 
 for kernel in "$build"/bench/bench_*; do
-    [ -x "$kernel" ] && [ -f "$kernel" ] && "$kernel" --benchmark_min_time=0.2
+    [ -x "$kernel" ] && [ -f "$kernel" ] || continue
+    "$kernel" --benchmark_min_time=0.2
 done
