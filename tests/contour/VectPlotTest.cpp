@@ -1,0 +1,257 @@
+#include "ORV/VectPlot.h"
+
+#include "VectFixture.h"
+
+#include <cmath>
+
+using namespace ORV;
+
+TEST_F(VectTest, ReadsParametersInTheirOrder) {
+    vect.setParam("stream,uvew,sk=3,ci=5,ct=x.clr,cof=blue;red,co=green:wi=2,sc=2.5,sa=0.5,cb=10,"
+                  "mag=50,de=4,bar,unknown");
+    EXPECT_EQ(vect.type, 2);
+    EXPECT_EQ(vect.uvgrid, 1);
+    EXPECT_EQ(vect.skipx, 3);
+    EXPECT_EQ(vect.skipy, 3);
+    EXPECT_EQ(vect.intrvl, 5);
+    EXPECT_STREQ(vect.color_table.get(), "x.clr");
+    EXPECT_STREQ(vect.color_fill.get(), "blue;red");
+    EXPECT_STREQ(vect.color_data.get(), "green:wi=2");
+    EXPECT_EQ(vect.scale, 2.5f);
+    EXPECT_EQ(vect.arrow_scale, 0.5f);
+    EXPECT_EQ(vect.base, 10);
+    EXPECT_EQ(vect.vect_mag, 50);
+    EXPECT_EQ(vect.density, 4);
+    EXPECT_EQ(vect.bar, 1);
+
+    vect.setParam("barb,barbs,nobar,uvgrid,ba=3,sp=20,sk=-4,sc=x");
+    EXPECT_EQ(vect.type, 1);
+    EXPECT_EQ(vect.bar, 0);
+    EXPECT_EQ(vect.uvgrid, 0);
+    EXPECT_EQ(vect.base, 3); // "barbs" asks for a bar
+}
+
+TEST_F(VectTest, StartsFromTheSettings) {
+    Orv::setResrc("con_interval", "4");
+    Orv::setResrc("vect_mag", "40");
+    Orv::setResrc("color_line", "red");
+    Orv::setResrc("plot_type", "barb");
+    Orv::setResrc("parameter", "de=3");
+    VectPlot from_settings("mag=60");
+    EXPECT_EQ(from_settings.intrvl, 4);
+    EXPECT_EQ(from_settings.vect_mag, 60);
+    EXPECT_STREQ(from_settings.color_data.get(), "red");
+    EXPECT_EQ(from_settings.type, 1);
+    EXPECT_EQ(from_settings.density, 3);
+    Orv::setResrc("plot_type", "lcf");
+    from_settings.init();
+    EXPECT_EQ(from_settings.type, 0);
+    EXPECT_EQ(from_settings.vect_mag, 40);
+}
+
+TEST_F(VectTest, ArrowsAreAsLongAsTheirShareOfTheGreatestSpeed) {
+    showWind(plain(5, 3), [](const Point& at) {
+        return at.x < 2 ? Point(3, 4) : Point(-6, 8); // speeds 5 and 10
+    });
+    ASSERT_EQ(vect.draw(plot, u, v), 1);
+    EXPECT_EQ(vect.max, 10);
+    auto arrows = shafts();
+    ASSERT_EQ(arrows.size(), 15u);
+    // Row 0 is the top one.
+    EXPECT_NEAR(arrows[0][0].x, 0, 1e-3);
+    EXPECT_NEAR(arrows[0][0].y, 2, 1e-3);
+    EXPECT_NEAR(arrows[0][1].x, 0.3, 1e-3);
+    EXPECT_NEAR(arrows[0][1].y, 2.4, 1e-3);
+    EXPECT_NEAR(arrows[2][1].x, 2 - 0.6, 1e-3);
+    EXPECT_NEAR(arrows[2][1].y, 2.8, 1e-3);
+
+    device->take();
+    vect.setScale(2);
+    vect.setMagnitude(5);
+    vect.draw(plot, u, v);
+    EXPECT_NEAR(length(shafts()[0]), 2, 1e-3);
+    EXPECT_NEAR(length(shafts().back()), 4, 1e-3);
+
+    for (const float none : {Const::MISS * 1.0f, 0.0f, -3.0f}) {
+        device->take();
+        vect.setScale(none);
+        vect.setMagnitude(none);
+        vect.draw(plot, u, v);
+        EXPECT_NEAR(length(shafts()[2]), 1, 1e-3) << none;
+    }
+}
+
+TEST_F(VectTest, DrawsEachNthPointThatHasBothComponents) {
+    showWind(plain(8, 5), [](const Point&) { return Point(1, 1); });
+    u.setValue(3, 0, Const::MISS);
+    v.setValue(6, 4, Const::MISS);
+    vect.setSkip(3, 2);
+    vect.draw(plot, u, v);
+    std::set<std::pair<int, int>> places;
+    for (const Shape& arrow : shafts())
+        places.insert({std::lround(arrow[0].x), 4 - std::lround(arrow[0].y)});
+    const std::set<std::pair<int, int>> expected = {{0, 0}, {6, 0}, {0, 2}, {3, 2},
+                                                    {6, 2}, {0, 4}, {3, 4}};
+    EXPECT_EQ(places, expected);
+}
+
+TEST_F(VectTest, WindsAlongAnAxisAreDrawnThoughTheyGiveNoMaximum) {
+    showWind(plain(4, 3), [](const Point& at) { return Point(at.x > 1 ? 8 : 4, 0); });
+    EXPECT_EQ(vect.draw(plot, u, v), 1);
+    EXPECT_EQ(vect.max, Const::MISS);
+    ASSERT_EQ(shafts().size(), 12u);
+    EXPECT_NEAR(length(shafts()[0]), 0.5, 1e-3);
+    EXPECT_NEAR(length(shafts()[3]), 1, 1e-3);
+    EXPECT_EQ(vect.drawVect(plot, "lr"), 0);
+    vect.drawLabels(plot, u);
+    EXPECT_EQ(plot.num_labels, 2);
+}
+
+TEST_F(VectTest, RefusesGridsThatAreNoPair) {
+    showWind(plain(4, 4), [](const Point&) { return Point(1, 2); });
+    Grid other(5, 4), empty;
+    empty.setDomain(u.domain);
+    for (const char* type : {"vect", "barb", "strm"}) {
+        vect.setType(type);
+        EXPECT_EQ(vect.draw(plot, u, other), 0);
+        EXPECT_EQ(vect.draw(plot, u, empty), 0);
+        EXPECT_EQ(vect.draw(plot, empty, v), 0);
+    }
+    EXPECT_TRUE(lines().empty());
+    for (Grid* grid : {&u, &v})
+        std::fill_n(static_cast<float*>(grid->data), 16, static_cast<float>(Const::MISS));
+    EXPECT_EQ(vect.draw(plot, u, v), 1);
+    EXPECT_TRUE(lines().empty());
+    EXPECT_EQ(vect.max, Const::MISS);
+}
+
+TEST_F(VectTest, SpeedsDecideTheColors) {
+    showWind(plain(3, 2), [](const Point& at) { return Point(3 * (at.x + 1), 4 * (at.x + 1)); });
+    vect.setColorFill("1-3"); // no values: the interval counts
+    vect.draw(plot, u, v);
+    EXPECT_FALSE(vect.isColored());
+    const int changes = device->count("color 1");
+    device->take();
+    vect.setInterval(5);
+    vect.bar = 1;
+    vect.draw(plot, u, v);
+    EXPECT_TRUE(vect.isColored());
+    EXPECT_GE(device->count("color 1"), changes + 5); // two rows of three speeds
+    EXPECT_EQ(plot.bar_set, 1);
+
+    // All speeds are in the last entry: one change for all.
+    vect.setInterval(Const::MISS);
+    vect.setColorFill("0:blue,3:red");
+    device->take();
+    vect.draw(plot, u, v);
+    EXPECT_TRUE(vect.isColored());
+    EXPECT_LE(device->count("color 1"), changes + 2);
+}
+
+// The direction of an arrow on the map is that from a place to one a little downwind of it.
+TEST_F(VectTest, EarthWindsPointDownwindOnTheMap) {
+    struct Row {
+        const char* domain;
+        Point wind;
+    };
+    const Row rows[] = {
+        {"st:90:-100,90,-100,9,9,8,8", {0, -10}},
+        {"st:-90:0,-90,0,9,9,8,8", {7, 7}},
+        {"lamb:40:-100:30:60,40,-100,9,7,5,5", {9, 1}},
+        {"ll:0:180,0,180,9,7,20,20", {0, 5}},
+    };
+    for (const Row& row : rows) {
+        makeWind("ll:0:0,0,0,37,17,10,10", [&](const Point&) { return row.wind; });
+        showWide(row.domain);
+        vect.uvgrid = 1;
+        vect.draw(plot, u, v);
+        const Domain& map = plot.getDomain();
+        int compared = 0;
+        for (const Shape& arrow : shafts()) {
+            EarthPoint from;
+            Point ahead;
+            map.tran(arrow[0], from);
+            if (std::fabs(from.lat) > 75 || length(arrow) < 0.5)
+                continue;
+            const float dir = std::atan2(row.wind.x, row.wind.y) * Const::RDC;
+            ASSERT_TRUE(map.offset(arrow[0], dir, 20, ahead));
+            const double expected = std::atan2(ahead.y - arrow[0].y, ahead.x - arrow[0].x);
+            const double drawn = std::atan2(arrow[1].y - arrow[0].y, arrow[1].x - arrow[0].x);
+            EXPECT_NEAR(std::remainder(drawn - expected, 2 * Const::PI), 0, 0.02)
+                << row.domain << " " << from.lat << " " << from.lon;
+            compared++;
+        }
+        EXPECT_GT(compared, 15) << row.domain;
+    }
+}
+
+TEST_F(VectTest, GridWindsKeepToTheGridOnItsOwnPlot) {
+    makeWind("st:90:-100,90,-100,9,9,8,8", [](const Point&) { return Point(3, 4); });
+    showWide("st:90:-100,90,-100,9,9,8,8");
+    vect.draw(plot, u, v);
+    for (const Shape& arrow : shafts()) {
+        EXPECT_NEAR(arrow[1].x - arrow[0].x, 4.8, 0.01);
+        EXPECT_NEAR(arrow[1].y - arrow[0].y, 6.4, 0.01);
+    }
+}
+
+// A west wind of 10: the staff points west, and the barb to the side of the pole.
+TEST_F(VectTest, BarbsStandTowardLowPressureOnBothHemispheres) {
+    showWind("ll:0:0,0,0,5,4,10,10", [](const Point&) { return Point(10, 0.001f); });
+    vect.setType("barb");
+    vect.setInterval(2);
+    vect.draw(plot, u, v);
+    const auto strokes = lines();
+    ASSERT_EQ(strokes.size(), 40u); // a full barb and the staff of each
+    for (size_t i = 0; i < strokes.size(); i += 2) {
+        const double lat = strokes[i + 1][0].y;
+        EXPECT_NEAR(strokes[i + 1][1].x, strokes[i + 1][0].x - 10, 0.01);
+        EXPECT_NEAR(strokes[i][1].y - lat, lat > 0 ? 5 : -5, 0.01) << lat;
+    }
+}
+
+TEST_F(VectTest, TheReferenceArrowIsThatOfTheGreatestSpeed) {
+    open();
+    plot.setPanel(Rect(0.1f, 0.1f, 0.9f, 0.4f), Domain(plain(9, 5).c_str()));
+    makeWind(plain(9, 5).c_str(), [](const Point&) { return Point(6, 8); });
+    vect.setMagnitude(20);
+    vect.draw(plot, u, v);
+    device->take();
+    const int tran = plot.graph.getTran();
+    EXPECT_EQ(vect.drawVect(plot, "ul"), 1);
+    EXPECT_TRUE(device->take().empty());
+    EXPECT_EQ(vect.drawVect(plot, "lr"), 1);
+    EXPECT_EQ(plot.graph.getTran(), tran);
+
+    // Half a grid length, as 10 is of 20.
+    const Rect view = plot.graph.getViewport(1);
+    const Rect window = plot.graph.getWindow(1);
+    const double unit = (view.xmax - view.xmin) / (window.xmax - window.xmin);
+    float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    for (const std::string& call : device->calls)
+        if (std::sscanf(call.c_str(), "line 1 %f,%f %f,%f", &x1, &y1, &x2, &y2) == 4)
+            break;
+    EXPECT_NEAR((x2 - x1) / 20000, 0.5 * unit, 1e-4);
+    EXPECT_NEAR(x2 / 20000, view.xmax - 0.01, 1e-4);
+    EXPECT_NEAR(y1, y2, 0.2);
+    EXPECT_GT(y1 / 20000, 0.5 - view.ymin); // below the view; the device counts downward
+}
+
+TEST_F(VectTest, LabelsTellTheFieldItsDateAndTheGreatestSpeed) {
+    showWind(plain(3, 3), [](const Point&) { return Point(3, 4); });
+    u.setUnits("m/s");
+    u.setLevel("500mb");
+    u.setDatim("12Z");
+    u.date.set(2025, 1, 2, 12, 0, 0);
+    vect.setType("strm");
+    vect.draw(plot, u, v);
+    vect.drawLabels(plot, u);
+    ASSERT_EQ(plot.num_labels, 3);
+    const std::string title = plot.labels[0].text;
+    EXPECT_NE(title.find("500 mb"), std::string::npos) << title;
+    EXPECT_NE(title.find("Streamlines"), std::string::npos) << title;
+    EXPECT_NE(title.find("m/s"), std::string::npos) << title;
+    EXPECT_STREQ(plot.labels[1].text, "12Z");
+    EXPECT_STREQ(plot.labels[2].text, "Max: 5");
+    EXPECT_EQ(plot.date.getHour(), 12);
+}
