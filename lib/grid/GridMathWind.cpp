@@ -23,7 +23,7 @@ int makeComponent(Grid& out, const char* name, const Grid& dir, const Grid& spd,
             return miss;
         if (mode)
             from = dir.adjustDir(from, plotAt(dir, i, j));
-        return component(from, speed);
+        return toValue(component(from, speed));
     });
 }
 
@@ -79,8 +79,8 @@ int GridMath::adjustDir(Grid& u, Grid& v, const Domain& domain, int uvgrid) {
             if (uvgrid != 1)
                 dir = u.unadjustDir(dir, plotAt(u, i, j));
             dir = domain.adjustDir(dir, earthAt(u, i, j));
-            u.setValue(i, j, Calc::windU(dir, spd));
-            v.setValue(i, j, Calc::windV(dir, spd));
+            u.setValue(i, j, toValue(Calc::windU(dir, spd)));
+            v.setValue(i, j, toValue(Calc::windV(dir, spd)));
         }
     return 1;
 }
