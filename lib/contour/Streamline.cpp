@@ -164,7 +164,7 @@ private:
         speed = direction = Const::MISS;
         if (a == Const::MISS || b == Const::MISS || !std::isfinite(a) || !std::isfinite(b))
             return;
-        speed = std::hypot(static_cast<double>(a), static_cast<double>(b));
+        speed = static_cast<float>(std::sqrt(double(a) * a + double(b) * b));
         direction = speed < aimless ? 0 : std::atan2(-a, -b) * static_cast<float>(Const::RDC);
         show = (vect.min_cut == Const::MISS || speed >= vect.min_cut) &&
                (vect.max_cut == Const::MISS || speed <= vect.max_cut);
