@@ -23,6 +23,7 @@ PIECE = 120        # points of a line piece at most
 PIECE_EXTENT = 8.0  # degrees that the box of a line piece spans at most
 OVERLAP = 0.02     # degrees by which filled cells overlap
 STEP = 1.0         # degrees between points along the edge of a filled cell
+NEAR_POLE = 89.999  # degrees; maps that can't show a pole show this
 
 
 class Topology:
@@ -171,22 +172,16 @@ def simplify(line, tolerance):
 
 
 def simplify_ring(ring, tolerance):
+    ring = unwrap(ring)
     half = len(ring) // 2
     return simplify(ring[:half + 1], tolerance) + simplify(ring[half:], tolerance)[1:]
 
 
 def pieces(line):
-    """Cuts a line into pieces of bounded count and extent that share their end points. A jump across
-    the date line ends a piece."""
+    """Cuts a line into pieces of bounded count and extent that share their end points."""
     run = [line[0]]
     box = [line[0][0], line[0][0], line[0][1], line[0][1]]
     for point in line[1:]:
-        if abs(point[0] - run[-1][0]) > 180:
-            if len(run) > 1:
-                yield run
-            run = [point]
-            box = [point[0], point[0], point[1], point[1]]
-            continue
         box = [min(box[0], point[0]), max(box[1], point[0]),
                min(box[2], point[1]), max(box[3], point[1])]
         run.append(point)
@@ -206,56 +201,151 @@ def bridge(polygon):
         x, y = hole[start]
         nearest = min(range(len(outer)),
                       key=lambda i: (outer[i][0] - x) ** 2 + (outer[i][1] - y) ** 2)
-        loop = hole[start:-1] + hole[:start + 1]
+        loop = hole[start:] + hole[:start + 1]
         outer = outer[:nearest + 1] + loop + outer[nearest:]
     return outer
 
 
-def clip(ring, axis, limit, above):
-    """The part of a ring on one side of a meridian (axis 0) or parallel (axis 1), after Sutherland
-    and Hodgman 1974."""
-    def inside(point):
-        return point[axis] >= limit if above else point[axis] <= limit
+def clip(rings, axis, limit, above):
+    """The part of a polygon on one side of a meridian (axis 0) or parallel (axis 1), as rings that
+    don't touch. Where the polygon crosses the limit, every second stretch of it lies inside."""
+    side = 1 if above else -1
+    values = {p[axis] for ring in rings for p in ring}
+    while limit in values:
+        limit += side * 1e-7
 
-    result = []
-    for a, b in zip(ring, ring[1:] + ring[:1]):
-        if inside(a):
-            result.append(a)
-        if inside(a) != inside(b):
-            t = (limit - a[axis]) / (b[axis] - a[axis])
-            other = a[1 - axis] + t * (b[1 - axis] - a[1 - axis])
-            result.append((limit, other) if axis == 0 else (other, limit))
-    return result
+    def inside(point):
+        return (point[axis] - limit) * side > 0
+
+    whole, chains = [], []
+    for ring in rings:
+        flags = [inside(p) for p in ring]
+        if all(flags):
+            whole.append(ring)
+        if all(flags) or not any(flags):
+            continue
+        start = next(i for i in range(len(ring)) if flags[i] and not flags[i - 1])
+        chain = None
+        for k in range(start, start + len(ring) + 1):
+            a, b = ring[(k - 1) % len(ring)], ring[k % len(ring)]
+            if inside(a) != inside(b):
+                t = (limit - a[axis]) / (b[axis] - a[axis])
+                other = a[1 - axis] + t * (b[1 - axis] - a[1 - axis])
+                crossing = (limit, other) if axis == 0 else (other, limit)
+                if inside(b) and k < start + len(ring):
+                    chain = [crossing]
+                elif chain:
+                    chains.append(chain + [crossing])
+                    chain = None
+            if chain and inside(b):
+                chain.append(b)
+    # The ends along the limit, each a chain and whether it is its last point.
+    ends = sorted((chain[i][1 - axis], n, i == -1) for n, chain in enumerate(chains) for i in (0, -1))
+    partner = {}
+    for a, b in zip(ends[::2], ends[1::2]):
+        partner[a[1:]] = b[1:]
+        partner[b[1:]] = a[1:]
+    used = set()
+    for n in range(len(chains)):
+        if n in used:
+            continue
+        ring, current, forward = [], n, True
+        while current not in used:
+            used.add(current)
+            ring += chains[current] if forward else chains[current][::-1]
+            current, at_last = partner[current, forward]
+            forward = not at_last
+        whole.append(ring)
+    return whole
 
 
 def area(ring):
     return 0.5 * sum(a[0] * b[1] - b[0] * a[1] for a, b in zip(ring, ring[1:] + ring[:1]))
 
 
-def cells(ring, size, box=(-180.0, 180.0, -90.0, 90.0)):
-    """Cuts a ring by halves until its parts lie in cells of the size, given in degrees."""
-    xs = [p[0] for p in ring]
-    ys = [p[1] for p in ring]
-    if not ring or (max(xs) - min(xs) <= size + OVERLAP and max(ys) - min(ys) <= size + OVERLAP):
-        if len(ring) > 2 and abs(area(ring)) > 1e-6:
-            yield ring
+def holds(ring, point):
+    x, y = point
+    odd = False
+    for a, b in zip(ring, ring[1:] + ring[:1]):
+        if (a[1] > y) != (b[1] > y) and x < a[0] + (b[0] - a[0]) * (y - a[1]) / (b[1] - a[1]):
+            odd = not odd
+    return odd
+
+
+def polygons_of(rings):
+    """Rings that don't cross, as polygons: each an outer ring and its holes."""
+    rings = sorted((r for r in rings if len(r) > 2 and abs(area(r)) > 1e-6),
+                   key=lambda r: -abs(area(r)))
+    polygons = []
+    for i, ring in enumerate(rings):
+        around = [other for other in rings[:i] if holds(other, ring[0])]
+        if len(around) % 2 == 0:
+            polygons.append([ring])
+        else:
+            next(p for p in polygons if p[0] is around[-1]).append(ring)
+    return polygons
+
+
+def cells(rings, size, box=(-180.0, 180.0, -90.0, 90.0)):
+    """Cuts a polygon by halves until its parts lie in cells of the size, given in degrees."""
+    if not rings:
+        return
+    xs = [p[0] for ring in rings for p in ring]
+    ys = [p[1] for ring in rings for p in ring]
+    if max(xs) - min(xs) <= size + OVERLAP and max(ys) - min(ys) <= size + OVERLAP:
+        for polygon in polygons_of(rings):
+            yield bridge(polygon)
         return
     west, east, south, north = box
     axis = 0 if east - west >= north - south else 1
     middle = (west + east) / 2 if axis == 0 else (south + north) / 2
-    lower = clip(ring, axis, middle + OVERLAP, False)
-    upper = clip(ring, axis, middle, True)
     if axis == 0:
         boxes = (west, middle, south, north), (middle, east, south, north)
     else:
         boxes = (west, east, south, middle), (west, east, middle, north)
-    for part, part_box in ((lower, boxes[0]), (upper, boxes[1])):
-        if len(part) > 2:
-            yield from cells(part, size, part_box)
+    yield from cells(clip(rings, axis, middle + OVERLAP, False), size, boxes[0])
+    yield from cells(clip(rings, axis, middle, True), size, boxes[1])
+
+
+def unwrap(line):
+    """The line with longitudes that go on beyond 180 degrees where it crosses the date line."""
+    result = [line[0]]
+    turn = 0
+    for a, b in zip(line, line[1:]):
+        if abs(b[0] - a[0]) > 180:
+            turn += 360 if b[0] < a[0] else -360
+        result.append((b[0] + turn, b[1]))
+    return result
+
+
+def on_plane(ring):
+    """A closed ring of the earth as one of the plane. One around a pole goes on along it."""
+    ring = unwrap(ring)
+    way = ring[-1][0] - ring[0][0]
+    if abs(way) > 180:
+        pole = -90.0 if sum(p[1] for p in ring) < 0 else 90.0
+        n = 36
+        ring += [(ring[-1][0] + (ring[0][0] - ring[-1][0]) * i / n, pole) for i in range(n + 1)]
+    return without_repeats(ring)
+
+
+def world_copies(rings):
+    """The parts of a polygon of the plane that lie in the world, brought there by whole turns."""
+    for turn in (-360, 0, 360):
+        moved = [[(x + turn, y) for x, y in ring] for ring in rings]
+        xs = [x for ring in moved for x, _ in ring]
+        if max(xs) < -180 or min(xs) > 180:
+            continue
+        if min(xs) < -180:
+            moved = clip(moved, 0, -180.0, True)
+        if max(xs) > 180:
+            moved = clip(moved, 0, 180.0 + OVERLAP, False)
+        if moved:
+            yield moved
 
 
 def close(ring):
-    """A closed ring with points along its long edges, off the date line by a hair."""
+    """A closed ring with points along its long edges, off the pole by a hair."""
     result = []
     for a, b in zip(ring, ring[1:] + ring[:1]):
         result.append(a)
@@ -263,7 +353,7 @@ def close(ring):
         for i in range(1, n):
             result.append((a[0] + (b[0] - a[0]) * i / n, a[1] + (b[1] - a[1]) * i / n))
     result.append(result[0])
-    return [(max(-179.999, min(179.999, x)), max(-90.0, min(90.0, y))) for x, y in result]
+    return [(x, max(-NEAR_POLE, min(NEAR_POLE, y))) for x, y in result]
 
 
 def without_repeats(ring):
@@ -281,18 +371,22 @@ class MapFile:
 
     def add_lines(self, lines, name="-", tolerance=0.0):
         for line in join(list(lines)):
-            for piece in pieces(simplify(line, tolerance)):
+            for piece in pieces(simplify(unwrap(line), tolerance)):
                 self.add(piece, name)
 
     def add_fill(self, polygons, size, tolerance=0.0):
         for polygon in polygons:
-            rings = [simplify_ring(ring, tolerance) for ring in polygon]
-            rings = [without_repeats(ring) + ring[:1] for ring in rings if len(ring) > 3]
+            rings = [on_plane(simplify_ring(ring, tolerance)) for ring in polygon]
+            rings = [ring for ring in rings if len(ring) > 2]
             if not rings:
                 continue
-            ring = bridge(rings)
-            for cell in cells(without_repeats(ring), size):
-                self.add(close(cell))
+            west = min(x for x, _ in rings[0])
+            for i, hole in enumerate(rings[1:], 1):  # into the same turn as the outer ring
+                if min(x for x, _ in hole) < west:
+                    rings[i] = [(x + 360, y) for x, y in hole]
+            for part in world_copies(rings):
+                for cell in cells(part, size):
+                    self.add(close(cell))
 
     def write(self):
         with open(self.path, "wb") as f:

@@ -10,7 +10,7 @@ namespace ORV {
 
 /// Reads the coordinates of a KML file (OGC 07-147r2), plain or gzipped, through libxml2, which is
 /// loaded when the first file is opened. External entities aren't fetched, and libxml2's own limits
-/// on depth and on the growth of entities hold.
+/// on depth hold. Entities that a document defines are left out of its texts.
 class KmlFile {
 public:
     int level = 0;       ///< depth of the walk below the root
@@ -25,6 +25,8 @@ public:
 
     /// Whether the file begins as XML, or is gzipped; -1 when it can't be opened.
     static int checkType(const char* name);
+    /// The same for the first bytes of a file, ended by a zero byte.
+    static bool isKml(const char* start);
 
     /// Reads the whole document. Returns 0 when it can't be parsed, when its root isn't "kml", or
     /// when libxml2 isn't installed.

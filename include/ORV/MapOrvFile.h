@@ -6,6 +6,9 @@
 #include "ORV/MapFileHeader.h"
 #include "ORV/Swap.h"
 
+#include <memory>
+#include <string_view>
+
 namespace ORV {
 
 /// A map file in the native format: segments of a header and earth points, in degrees, as text or
@@ -36,6 +39,8 @@ public:
     /// The form of a file: TEXT when it begins with the six numbers of a header, else BINARY; -1
     /// when it can't be opened.
     static int checkType(const char* name);
+    /// Whether a text begins with the six numbers of a header.
+    static bool isText(const char* start);
 
     /// Opens for reading (mode 0) or writing (mode 1). A type of FIND finds the form, and writes
     /// binary. Returns 1 on success.
@@ -60,6 +65,18 @@ public:
     int print() const;
 
 private:
+    /// The bytes of a file, and a cursor.
+    class Content {
+    public:
+        std::unique_ptr<char[]> bytes;
+        int size = 0;
+        int at = 0;
+
+        void load(File& file);
+        void clear();
+        std::string_view takeLine();
+    };
+
     int openRead(const char* name);
     int openWrite(const char* name);
     void openNames(const char* name);
@@ -67,14 +84,14 @@ private:
     int readTextHeader(MapFileHeader& header);
     int readBinaryPoint(EarthPoint& point);
     int readTextPoint(EarthPoint& point);
-    int readName(MapFileHeader& header);
-    int available() const { return content.getAvail(); }
+    void readName(MapFileHeader& header);
+    int available() const { return content.size - content.at; }
     unsigned int takeBytes(int n);
     float takeFloat();
-    bool takeNumber(double& value);
+    bool takeNumber(float& value);
 
-    Buffer content;     // of the file being read, with a zero byte behind it
-    Buffer names;       // of the companion
+    Content content;    // of the file being read
+    Content names;      // of the companion
     int name_start = 0; // of the first name
 };
 

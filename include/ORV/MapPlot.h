@@ -3,6 +3,7 @@
 #include "ORV/Const.h"
 #include "ORV/Drawing.h"
 #include "ORV/EarthPoint.h"
+#include "ORV/EarthPoints.h"
 #include "ORV/Points.h"
 #include "ORV/String.h"
 
@@ -95,7 +96,8 @@ private:
     int processBackground(Plot& plot, const char* attributes);
     int processMapFile(Plot& plot, const char* text);
     void drawGridLines(Plot& plot, const char* attributes, float lat_step, float lon_step);
-    bool isOutside(Plot& plot, const MapFileHeader& header) const;
+    void drawRun(Plot& plot, Points& run, EarthPoints& ring);
+    static bool isOutside(const Domain& domain, const MapFileHeader& header);
     void drawPlace(Plot& plot, const MapFileHeader& header, const Point& point);
     const char* setIndexColor(Plot& plot, const MapFileHeader& header);
     void drawIndex(Plot& plot, const MapFileHeader& header, const char* color_name,

@@ -25,6 +25,8 @@ public:
 
     /// Whether the file begins as a shapefile; -1 when it can't be opened.
     static int checkType(const char* name);
+    /// The same for the first 3 bytes of a file.
+    static bool isShape(const void* start);
 
     /// Opens for reading (mode 0); other modes fail. Returns 1 on success.
     int open(const char* name, int mode = 0);

@@ -6,61 +6,61 @@
 #include "ORV/StrLib.h"
 #include "ORV/String.h"
 
-#include <dlfcn.h>
+#include "../frame/SharedLibrary.h"
 #include <libxml/parser.h>
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 
 namespace ORV {
 namespace {
 
-constexpr unsigned char gzip_magic[] = {0x1f, 0x8b};
+// With the method of compression behind it, which no map file in the native form has there.
+constexpr const char* gzip_magic = "\x1f\x8b\x08";
+constexpr const char* utf8_mark = "\xef\xbb\xbf";
 constexpr int parse_options = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
 
 /// libxml2, loaded on demand: a run that reads no KML doesn't pay for loading it.
-class Xml {
+class Xml : public SharedLibrary {
 public:
     static const Xml& get() {
         static const Xml xml;
         return xml;
     }
-    bool isLoaded() const { return loaded; }
 
-    decltype(&xmlReadFile) readFile = nullptr;
-    decltype(&xmlDocGetRootElement) getRoot = nullptr;
-    decltype(&xmlNodeGetContent) getContent = nullptr;
-    decltype(&xmlFreeDoc) freeDoc = nullptr;
-    xmlFreeFunc* freeText = nullptr;
+    decltype(&xmlReadFile) readFile = find("xmlReadFile");
+    decltype(&xmlDocGetRootElement) getRoot = find("xmlDocGetRootElement");
+    decltype(&xmlReadIO) readIO = find("xmlReadIO");
+    decltype(&xmlFreeDoc) freeDoc = find("xmlFreeDoc");
 
 private:
-    Xml() : library(dlopen("libxml2.so.2", RTLD_NOW | RTLD_LOCAL)) {
-        loaded = library && load(readFile, "xmlReadFile") &&
-                 load(getRoot, "xmlDocGetRootElement") && load(getContent, "xmlNodeGetContent") &&
-                 load(freeDoc, "xmlFreeDoc") && load(freeText, "xmlFree");
-    }
-    template <class Symbol>
-    bool load(Symbol& symbol, const char* name) {
-        symbol = reinterpret_cast<Symbol>(dlsym(library, name));
-        return symbol != nullptr;
-    }
-
-    void* library; // stays for the life of the process, as libxml2's own state does
-    bool loaded = false;
+    Xml() : SharedLibrary("libxml2.so.2") {}
 };
 
 bool isNamed(const xmlNode* node, const char* name) {
     return std::strcmp(reinterpret_cast<const char*>(node->name), name) == 0;
 }
 
-using Content = std::unique_ptr<xmlChar, xmlFreeFunc>;
-
-Content contentOf(xmlNode* node) {
-    return Content(Xml::get().getContent(node), *Xml::get().freeText);
+/// The text right inside an element. Entities that a document defines aren't followed: nested ones
+/// could grow beyond all bounds.
+std::string contentOf(const xmlNode* node) {
+    std::string text;
+    for (const xmlNode* child = node->children; child; child = child->next)
+        if ((child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE) &&
+            child->content)
+            text += reinterpret_cast<const char*>(child->content);
+    return text;
 }
 
-const char* textOf(const Content& content) {
-    return content ? reinterpret_cast<const char*>(content.get()) : "";
+/// Reads a document that libxml2 can't open by itself, such as a remote one.
+xmlDoc* readThrough(const char* path) {
+    File file(path, "r");
+    return file.isOpen()
+               ? Xml::get().readIO([](void* source, char* bytes,
+                                      int n) { return static_cast<File*>(source)->read(bytes, n); },
+                                   nullptr, &file, path, nullptr, parse_options)
+               : nullptr;
 }
 
 /// Reads "lon,lat" or "lon,lat,height", and returns the characters passed.
@@ -96,12 +96,18 @@ int KmlFile::checkType(const char* name) {
     if (!probe.isOpen())
         return -1;
     char start[100] = "";
-    const int got = probe.read(start, sizeof start - 1);
-    start[got > 0 ? got : 0] = 0;
+    probe.read(start, sizeof start - 1);
+    return isKml(start);
+}
+
+bool KmlFile::isKml(const char* start) {
+    if (std::strncmp(start, gzip_magic, std::strlen(gzip_magic)) == 0)
+        return true;
+    if (std::strncmp(start, utf8_mark, std::strlen(utf8_mark)) == 0)
+        start += std::strlen(utf8_mark);
     char word[20] = "";
     Scan::text(start, "%19s", word);
-    return std::memcmp(start, gzip_magic, sizeof gzip_magic) == 0 ||
-           StrLib::equal(word, "<?xml", 5);
+    return StrLib::equal(word, "<?xml", 5) || StrLib::equal(word, "<kml", 4);
 }
 
 int KmlFile::open(const char* file_name) {
@@ -111,10 +117,12 @@ int KmlFile::open(const char* file_name) {
         return 0;
     String path;
     FileTool::addUserPath(file_name, path);
-    doc.reset(xml.readFile(path.get(), nullptr, parse_options), [](void* opened) {
-        if (opened)
-            Xml::get().freeDoc(static_cast<xmlDoc*>(opened));
-    });
+    const bool plain = FileTool::isFile(path.get());
+    doc.reset(plain ? xml.readFile(path.get(), nullptr, parse_options) : readThrough(path.get()),
+              [](void* opened) {
+                  if (opened)
+                      Xml::get().freeDoc(static_cast<xmlDoc*>(opened));
+              });
     node = doc ? xml.getRoot(static_cast<xmlDoc*>(doc.get())) : nullptr;
     if (!node || !isNamed(node, "kml"))
         return close(), 0;
@@ -154,11 +162,11 @@ void KmlFile::enter(KmlData& data, bool& found) {
         name[0] = 0;
         line = 0;
     } else if (isNamed(node, "name")) {
-        StrLib::copy(name, sizeof name, textOf(contentOf(node)));
+        StrLib::copy(name, sizeof name, contentOf(node).c_str());
     } else if (isNamed(node, "LineString")) {
         line = 1;
     } else if (isNamed(node, "coordinates")) {
-        scanPoints(textOf(contentOf(node)), data.points);
+        scanPoints(contentOf(node).c_str(), data.points);
         StrLib::copy(data.name, sizeof data.name, name);
         data.type = line;
         found = true;

@@ -1,9 +1,14 @@
 #include "ORV/MapFile.h"
 
+#include "ORV/File.h"
 #include "ORV/StrLib.h"
+
+#include <algorithm>
 
 namespace ORV {
 namespace {
+
+constexpr int probe_bytes = 100;
 
 void setBox(MapFileHeader& header, const EarthRange& range) {
     header.min_lat = range.min_lat;
@@ -15,16 +20,15 @@ void setBox(MapFileHeader& header, const EarthRange& range) {
 } // namespace
 
 int MapFile::checkType(const char* name) {
-    switch (MapOrvFile::checkType(name)) {
-    case MapOrvFile::TEXT:
-        return NATIVE;
-    case MapOrvFile::BINARY:
-        return ShapeFile::checkType(name) == 1 ? SHAPE
-               : KmlFile::checkType(name) == 1 ? KML
-                                               : NATIVE;
-    default:
+    File probe(name, "r");
+    if (!probe.isOpen())
         return -1;
-    }
+    char start[probe_bytes + 1] = "";
+    const int got = probe.read(start, probe_bytes);
+    start[std::max(got, 0)] = 0;
+    if (MapOrvFile::isText(start))
+        return NATIVE;
+    return ShapeFile::isShape(start) ? SHAPE : KmlFile::isKml(start) ? KML : NATIVE;
 }
 
 int MapFile::open(const char* name, int new_mode, int new_type) {

@@ -3,16 +3,18 @@
 #include "ORV/Plot.h"
 #include "ORV/Points.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
 namespace ORV {
 namespace {
 
-constexpr float min_spacing = 0.01f; // degrees; finer lines would be a solid fill
+constexpr float min_spacing = 0.05f; // degrees; finer lines would be a solid fill
 constexpr float edge_margin = 0.01f; // of the width of the window: where labels stand
 constexpr float lon_step = 1;        // degrees between the points of a parallel
 constexpr float lat_step = 2.5f;     // and of a meridian
+constexpr float longest_step = 20;   // of those on any map, in plot coordinates
 
 bool isProjected(const Point& point) {
     return point.x != Const::MISS && point.y != Const::MISS;
@@ -32,18 +34,26 @@ public:
 
     void drawParallels() {
         plot.setTextAlign(1, 3);
-        for (float lat = dlat - 90; lat < 90; lat += dlat)
-            drawParallel(lat);
+        for (int i = 1; line(i, dlat, -90) < 90; i++)
+            drawParallel(line(i, dlat, -90));
     }
 
     void drawMeridians() {
         plot.setTextAlign(2, 5);
         const bool both_ends = domain.proj == 2 || domain.proj == 3;
-        for (float lon = -180; both_ends ? lon <= 180 : lon < 180; lon += dlon)
-            drawMeridian(lon);
+        for (int i = 0; both_ends ? line(i, dlon, -180) <= 180 : line(i, dlon, -180) < 180; i++)
+            drawMeridian(line(i, dlon, -180));
     }
 
 private:
+    /// Line i of those in equal steps, clear of the rounding of a step such as 0.1, so that zero
+    /// and the date line are met.
+    static float line(int i, float step, double start) {
+        const double at = start + i * static_cast<double>(step);
+        const double near = std::round(at);
+        return static_cast<float>(std::fabs(at - near) < step / 1000 ? near : at);
+    }
+
     Point project(float lat, float lon) const {
         Point point;
         const EarthPoint earth(lat, lon);
@@ -97,8 +107,15 @@ private:
         run.clear();
     }
 
+    /// Whether a step goes from one edge of the world to the other.
+    static bool isJump(float from, float to, float width) {
+        return std::fabs(to - from) > std::max(width / 2, longest_step);
+    }
+
     /// Labels a parallel where it crosses the column of labels.
     void labelCrossing(const Point& a, const Point& b, const char* label) {
+        if (isJump(a.x, b.x, window.xmax - window.xmin))
+            return;
         const float t = (label_x - a.x) / (b.x - a.x);
         const float y = a.y + t * (b.y - a.y);
         if (t >= 0 && t < 1 && y > window.ymin && y < window.ymax)
@@ -132,6 +149,8 @@ private:
 
     /// Labels a meridian where it crosses the row of labels.
     void labelCrossingRow(const Point& a, const Point& b, const char* label) {
+        if (isJump(a.x, b.x, window.xmax - window.xmin))
+            return;
         const float t = (label_y - a.y) / (b.y - a.y);
         const float x = a.x + t * (b.x - a.x);
         if (t >= 0 && t < 1 && x > window.xmin && x < window.xmax)

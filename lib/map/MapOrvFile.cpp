@@ -6,8 +6,10 @@
 #include "ORV/StrLib.h"
 #include "ORV/String.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace ORV {
 namespace {
@@ -18,21 +20,15 @@ constexpr int header_bytes = 20; // behind the count
 constexpr int point_bytes = 8;
 constexpr int probe_bytes = 100;
 constexpr int pairs_in_line = 4;
-constexpr int read_step = 1 << 20;
+constexpr int first_size = 1 << 20;             // of a file that doesn't tell
+constexpr int max_size = (1 << 30) - (1 << 20); // 1 GB
 
-/// Reads all of a file, and puts a zero byte behind it that ends number texts.
-void readAll(File& file, Buffer& content) {
-    content.init(0);
-    for (int got = read_step; got > 0;) {
-        const int before = content.getSize();
-        if (!content.check(before + read_step))
-            break;
-        got = file.read(content.get() + before, content.getMax() - before - 1);
-        if (got > 0)
-            content.size = before + got;
-    }
-    content.check(content.getSize() + 1);
-    content.get()[content.getSize()] = 0;
+/// The bytes that a plain file holds, as far as we take them; a first guess for others.
+int sizeOf(File& file) {
+    file.endFile();
+    const long size = file.tell();
+    file.rewind();
+    return size >= 0 ? static_cast<int>(std::min<long>(size, max_size)) : first_size;
 }
 
 bool isNumber(float value) {
@@ -48,20 +44,22 @@ int MapOrvFile::checkType(const char* name) {
     char text[probe_bytes + 1] = "";
     const int got = probe.read(text, probe_bytes);
     text[got > 0 ? got : 0] = 0;
+    return isText(text) ? TEXT : BINARY;
+}
+
+bool MapOrvFile::isText(const char* start) {
     int count, id;
     float box[4];
-    return Scan::text(text, "%d %f %f %f %f %d", &count, box, box + 1, box + 2, box + 3, &id) == 6
-               ? TEXT
-               : BINARY;
+    return Scan::text(start, "%d %f %f %f %f %d", &count, box, box + 1, box + 2, box + 3, &id) == 6;
 }
 
 int MapOrvFile::open(const char* name, int new_mode, int new_type) {
     close();
     mode = new_mode;
     type = new_type;
-    if (type == FIND)
-        type = mode == 0 ? checkType(name) : BINARY;
-    if (type != BINARY && type != TEXT)
+    if (type == FIND && mode != 0)
+        type = BINARY;
+    if (type < FIND || type > TEXT)
         return 0;
     open_flag = mode == 0 ? openRead(name) : openWrite(name);
     return open_flag;
@@ -70,7 +68,10 @@ int MapOrvFile::open(const char* name, int new_mode, int new_type) {
 int MapOrvFile::openRead(const char* name) {
     if (!file.open(name, "r"))
         return 0;
-    readAll(file, content);
+    content.load(file);
+    file.close();
+    if (type == FIND)
+        type = isText(content.bytes.get()) ? TEXT : BINARY;
     if (type == BINARY)
         openNames(name);
     return 1;
@@ -81,7 +82,7 @@ int MapOrvFile::openWrite(const char* name) {
 }
 
 void MapOrvFile::openNames(const char* name) {
-    names.init(0);
+    names.clear();
     name_start = 0;
     const int length = StrLib::length(name);
     if (length < 4 || FileTool::isStdio(name))
@@ -91,9 +92,9 @@ void MapOrvFile::openNames(const char* name) {
     companion.append(".mdb");
     if (!db.open(companion.get(), "r"))
         return;
-    readAll(db, names);
-    names.skipLine();
-    name_start = names.getInd();
+    names.load(db);
+    names.takeLine();
+    name_start = names.at;
     db.close();
 }
 
@@ -101,31 +102,72 @@ int MapOrvFile::rewind() {
     if (!open_flag || mode != 0)
         return 0;
     read = num = 0;
-    content.seek(0);
-    names.seek(name_start);
+    content.at = 0;
+    names.at = name_start;
     return 1;
 }
 
 int MapOrvFile::seek(int position) {
     read = num = 0;
-    return open_flag && mode == 0 ? content.seek(position) : 0;
+    if (!open_flag || mode != 0 || position < 0 || position > content.size)
+        return 0;
+    content.at = position;
+    return 1;
 }
 
 int MapOrvFile::close() {
     open_flag = false;
     read = num = 0;
-    content.init(0);
-    names.init(0);
+    content.clear();
+    names.clear();
     file.close();
     return db.close();
 }
 
+// Reads all of a file, with a zero byte behind it that ends number texts.
+void MapOrvFile::Content::load(File& file) {
+    clear();
+    int room = sizeOf(file);
+    for (bool more = true; more;) {
+        std::unique_ptr<char[]> wider(new char[room + 1]); // not cleared: maps are large
+        std::copy_n(bytes.get(), size, wider.get());
+        bytes = std::move(wider);
+        const int got = file.read(bytes.get() + size, room - size);
+        size += std::max(got, 0);
+        char next;
+        more = size == room && room < max_size && file.read(&next, 1) == 1;
+        if (more) {
+            room = std::min(2 * room + 1, max_size);
+            wider.reset(new char[room + 1]);
+            std::copy_n(bytes.get(), size, wider.get());
+            bytes = std::move(wider);
+            bytes[size++] = next;
+        }
+    }
+    bytes[size] = 0;
+}
+
+void MapOrvFile::Content::clear() {
+    bytes.reset();
+    size = at = 0;
+}
+
+// The rest of the line, which the cursor passes.
+std::string_view MapOrvFile::Content::takeLine() {
+    if (at >= size)
+        return {};
+    const char* start = bytes.get() + at;
+    const void* end = std::memchr(start, '\n', size - at);
+    const int length = end ? static_cast<int>(static_cast<const char*>(end) - start) : size - at;
+    at = std::min(at + length + 1, size);
+    return std::string_view(start, length);
+}
+
 unsigned int MapOrvFile::takeBytes(int n) {
     unsigned int value = 0;
-    const unsigned char* bytes = content.get() + content.getInd();
     for (int i = 0; i < n; i++)
-        value = value << 8 | bytes[i];
-    content.inc(n);
+        value = value << 8 | static_cast<unsigned char>(content.bytes[content.at + i]);
+    content.at += n;
     return value;
 }
 
@@ -136,10 +178,9 @@ float MapOrvFile::takeFloat() {
     return value;
 }
 
-bool MapOrvFile::takeNumber(double& value) {
-    const int passed =
-        Scan::number(reinterpret_cast<const char*>(content.get()) + content.getInd(), value);
-    content.inc(passed);
+bool MapOrvFile::takeNumber(float& value) {
+    const int passed = content.bytes ? Scan::number(content.bytes.get() + content.at, value) : 0;
+    content.at += passed;
     return passed > 0;
 }
 
@@ -172,28 +213,27 @@ int MapOrvFile::readBinaryHeader(MapFileHeader& header) {
     return 1;
 }
 
-int MapOrvFile::readName(MapFileHeader& header) {
-    char line[200];
-    const int got = names.readLine(line, sizeof line - 1);
-    if (got == 0)
-        return 0;
-    if (line[got - 1] != '\n')
-        names.skipLine();
-    line[got] = 0;
-    return Scan::text(line, "%*s %*s %49s", header.name);
+// The third word of the next line of the companion.
+void MapOrvFile::readName(MapFileHeader& header) {
+    const std::string_view line = names.takeLine();
+    const auto isSpace = [](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); };
+    const char *word = line.data(), *end = word, *last = word + line.size();
+    for (int i = 0; i < 3; i++) {
+        word = std::find_if_not(end, last, isSpace);
+        end = std::find_if(word, last, isSpace);
+    }
+    const auto length = std::min<std::size_t>(end - word, sizeof header.name - 1);
+    std::copy_n(word, length, header.name);
+    header.name[length] = 0;
 }
 
 int MapOrvFile::readTextHeader(MapFileHeader& header) {
-    double values[6];
-    for (double& value : values)
-        if (!takeNumber(value))
-            return 0;
-    header.num = Scan::toInt(values[0]);
-    header.max_lat = values[1];
-    header.min_lat = values[2];
-    header.max_lon = values[3];
-    header.min_lon = values[4];
-    header.id = Scan::toInt(values[5]);
+    int used = 0;
+    if (!content.bytes || Scan::text(content.bytes.get() + content.at, "%d %f %f %f %f %d%n",
+                                     &header.num, &header.max_lat, &header.min_lat, &header.max_lon,
+                                     &header.min_lon, &header.id, &used) < 6)
+        return 0;
+    content.at += used;
     return header.num >= 0;
 }
 
@@ -206,7 +246,7 @@ int MapOrvFile::readBinaryPoint(EarthPoint& point) {
 }
 
 int MapOrvFile::readTextPoint(EarthPoint& point) {
-    double lat, lon;
+    float lat, lon;
     return takeNumber(lat) && takeNumber(lon) ? point.set(lat, lon) : 0;
 }
 
@@ -234,7 +274,7 @@ int MapOrvFile::readData(EarthPoints& points) {
 int MapOrvFile::skipData() {
     if (type == BINARY && read < num) {
         const long left = static_cast<long>(num - read) * point_bytes;
-        content.inc(left < available() ? static_cast<int>(left) : available());
+        content.at += left < available() ? static_cast<int>(left) : available();
         read = num;
     }
     EarthPoint point;

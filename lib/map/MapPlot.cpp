@@ -3,17 +3,20 @@
 #include "ORV/Date.h"
 #include "ORV/Domain.h"
 #include "ORV/DomainTool.h"
+#include "ORV/EarthPoints.h"
 #include "ORV/File.h"
 #include "ORV/FileTool.h"
 #include "ORV/MapFile.h"
 #include "ORV/Orv.h"
 #include "ORV/Plot.h"
 #include "ORV/PlotAttr.h"
+#include "ORV/Rect.h"
 #include "ORV/Scan.h"
 #include "ORV/StrLib.h"
 #include "ORV/Strings.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace ORV {
@@ -25,6 +28,9 @@ constexpr float label_height = 0.015f; // of the height of the domain
 constexpr float mark_height = 0.018f;
 constexpr float default_spacing = 5; // degrees
 constexpr float any_size = 1000;     // limit of a condition without one
+constexpr int most_lines = 10000;    // of a grid; more would be a solid fill, after a long wait
+constexpr float box_step = 12;       // degrees between the places at which a wide box is tested
+constexpr float box_margin = 0.05f;  // of its size, for the bulge of edges up to so long
 constexpr const char* latlon_color = "magenta:st=4";
 
 /// States of the conditional items.
@@ -82,6 +88,75 @@ int scanSpacings(const char* text, float& lat, float& lon) {
         if (const int passed = Scan::number(text + at + 1, lon))
             at += 1 + passed;
     return at;
+}
+
+/// The latitudes and longitudes that a domain's window holds at most: most segments of a world map
+/// are told to lie outside of it without a projection.
+class EarthBox {
+public:
+    explicit EarthBox(const Domain& domain) {
+        const Rect& window = domain.limits;
+        EarthPoint rows[2][samples + 1]; // the last row and this one
+        float lat_step = 0, lon_step = 0;
+        for (int i = 0; i <= samples; i++) {
+            for (int j = 0; j <= samples; j++) {
+                EarthPoint& place = rows[i % 2][j];
+                const Point point(window.xmin + (window.xmax - window.xmin) * j / samples,
+                                  window.ymin + (window.ymax - window.ymin) * i / samples);
+                if (!domain.tran(point, place) || std::fabs(place.lat) > last_lat)
+                    return;
+                if (i + j == 0)
+                    middle = place.lon;
+                place.lon = std::remainder(place.lon - middle, 360.0f);
+                for (const EarthPoint* last : {j > 0 ? &rows[i % 2][j - 1] : nullptr,
+                                               i > 0 ? &rows[(i + 1) % 2][j] : nullptr})
+                    if (last) {
+                        lat_step = std::max(lat_step, std::fabs(place.lat - last->lat));
+                        lon_step = std::max(lon_step, std::fabs(place.lon - last->lon));
+                    }
+                south = std::min(south, place.lat);
+                north = std::max(north, place.lat);
+                west = std::min(west, place.lon);
+                east = std::max(east, place.lon);
+            }
+        }
+        // A jump in longitude, or one from row to row, is the date line or a pole in the window.
+        known = east - west < widest && lon_step < widest / samples && lat_step < widest / samples;
+        south -= lat_step;
+        north += lat_step;
+        west -= lon_step;
+        east += lon_step;
+    }
+
+    bool isApart(const MapFileHeader& header) const {
+        const float height = header.max_lat - header.min_lat;
+        const float width = header.max_lon - header.min_lon;
+        if (!known || !(width >= 0 && width < widest && height >= 0))
+            return false;
+        const float margin = box_margin * std::max(width, height);
+        if (header.max_lat + margin < south || header.min_lat - margin > north)
+            return true;
+        const float reach = width / 2 + margin;
+        const float center = std::remainder(header.min_lon + width / 2 - middle, 360.0f);
+        for (const float turn : {-360.0f, 0.0f, 360.0f})
+            if (center + turn + reach >= west && center + turn - reach <= east)
+                return false;
+        return true;
+    }
+
+private:
+    static constexpr int samples = 8;     // of the window in each direction
+    static constexpr float last_lat = 80; // degrees; meridians are too close beyond
+    static constexpr float widest = 160;  // degrees
+    bool known = false;
+    float middle = 0; // longitude that west and east count from
+    float south = 90, north = -90, west = 360, east = -360;
+};
+
+/// Stretches of a side of a box that are short enough to be nearly straight on any map.
+int stepsOf(float low, float high) {
+    const float extent = high - low;
+    return extent > box_step && extent <= 720 ? static_cast<int>(std::ceil(extent / box_step)) : 1;
 }
 
 } // namespace
@@ -153,7 +228,8 @@ int MapPlot::setParam(const char* text) {
         for (const Keyword& keyword : keywords)
             if (keyword.length > 0 ? entries.equal(i, keyword.name, keyword.length)
                                    : entries.equal(i, keyword.name)) {
-                keyword.set(*this, entries.getStringAfter(i, '='));
+                const char* value = entries.getStringAfter(i, '=');
+                keyword.set(*this, value ? value : entries.getString(i, keyword.length + 1));
                 break;
             }
     return 1;
@@ -173,7 +249,9 @@ int MapPlot::draw(Plot& plot) {
     if (!plot.isDrawing(map_flag))
         return 0;
     plot.graph.setDropShadow(0);
-    const char* list = map_files.valid() ? map_files.get() : Orv::getResrc("map_file", "orv.map");
+    const char* list = map_files.valid() ? map_files.get() : Orv::getResrc("map_file", "");
+    if (!StrLib::valid(list))
+        list = "orv.map";
     const Strings items(list, ',', -1, "\"[");
     for (int i = 0; i < items.getNum(); i++)
         if (items.valid(i))
@@ -261,8 +339,11 @@ int MapPlot::process(Plot& plot, const char* item, int mask) {
     };
     for (const Unread& row : unread)
         if (begins(item, row.mark) || (row.part && StrLib::contains(item, row.part))) {
-            const char* name = begins(item, row.mark) ? item + 3 : item;
-            Orv::outWarning("Map %s not found: %s\n", row.warning, name);
+            String name(begins(item, row.mark) ? item + 3 : item);
+            if (const int end = name.index(':'); end >= 0)
+                name.trunc(end);
+            plot.message("Map-%s: %s", row.warning, name.get());
+            Orv::outWarning("Map %s not found: %s\n", row.warning, name.get());
             return 1;
         }
 
@@ -301,12 +382,13 @@ int MapPlot::processGrid(Plot& plot, const char* text) {
     Domain domain = plot.getDomain();
     char name[200] = "";
     char attributes[200] = "";
-    Scan::text(text[0] == ':' ? text + 1 : text, "%199[^:]:%199s", name, attributes);
+    Scan::text(text[0] ? text + 1 : text, "%199[^:]:%199s", name, attributes);
     plot.setLine();
     plot.setLineColor("white");
     if (name[0]) {
-        DomainTool::decode(domain, name);
         plot.message("Map-grid: %s", name);
+        if (!DomainTool::decode(domain, name))
+            return 1;
     }
     if (attributes[0]) {
         PlotAttr attr(attributes);
@@ -318,6 +400,8 @@ int MapPlot::processGrid(Plot& plot, const char* text) {
         domain.tran(b, to);
         plot.drawLine(from, to);
     };
+    if (domain.nx > most_lines || domain.ny > most_lines)
+        return 1;
     for (int i = 0; i < domain.nx; i++)
         drawLine(GridPoint(i, 0), GridPoint(i, domain.ny - 1));
     for (int j = 0; j < domain.ny; j++)
@@ -416,24 +500,32 @@ int MapPlot::processMapFile(Plot& plot, const char* text) {
     return 1;
 }
 
-/// Whether all corners of a segment's box lie on the same side outside the domain.
-bool MapPlot::isOutside(Plot& plot, const MapFileHeader& header) const {
-    if (map_in || !header.hasBox())
-        return false;
-    constexpr unsigned left = 1, right = 2, top = 4, bottom = 8;
-    // The sides that each of the nine places around the domain lies on, row by row from the top.
-    constexpr unsigned sides[] = {0, left | top, top,           right | top, left,
-                                  0, right,      left | bottom, bottom,      right | bottom};
-    unsigned common = left | right | top | bottom;
-    for (const EarthPoint& corner :
-         {EarthPoint(header.min_lat, header.min_lon), EarthPoint(header.min_lat, header.max_lon),
-          EarthPoint(header.max_lat, header.max_lon), EarthPoint(header.max_lat, header.min_lon)}) {
-        const int place = plot.whereDomain(corner);
-        common &= place >= 1 && place <= 9 ? sides[place] : 0;
-        if (!common)
-            return false;
-    }
-    return true;
+/// Whether a segment's box lies on one side outside the domain, corner by corner. The edges of a
+/// box are arcs on many maps: a wide box counts by places between its corners, too, and what bulges
+/// between those by a margin.
+bool MapPlot::isOutside(const Domain& domain, const MapFileHeader& header) {
+    const int rows = stepsOf(header.min_lat, header.max_lat);
+    const int columns = stepsOf(header.min_lon, header.max_lon);
+    Rect box;
+    for (int i = 0; i <= rows; i++)
+        for (int j = 0; j <= columns; j++) {
+            const EarthPoint at(header.min_lat + (header.max_lat - header.min_lat) * i / rows,
+                                header.min_lon + (header.max_lon - header.min_lon) * j / columns);
+            Point point;
+            domain.tran(at, point);
+            if (point.x == Const::MISS)
+                return false;
+            if (i + j == 0)
+                box.setu(point.x, point.y, point.x, point.y);
+            box.xmin = std::min(box.xmin, point.x);
+            box.xmax = std::max(box.xmax, point.x);
+            box.ymin = std::min(box.ymin, point.y);
+            box.ymax = std::max(box.ymax, point.y);
+        }
+    const float margin = box_margin * std::max(box.xmax - box.xmin, box.ymax - box.ymin);
+    const Rect& window = domain.limits;
+    return box.xmax < window.xmin - margin || box.xmin > window.xmax + margin ||
+           box.ymax < window.ymin - margin || box.ymin > window.ymax + margin;
 }
 
 const char* MapPlot::setIndexColor(Plot& plot, const MapFileHeader& header) {
@@ -472,32 +564,50 @@ int MapPlot::draw(Plot& plot, const char* name) {
         Orv::outMessage("Mapfile: %s\n", name);
 
     const Domain& domain = plot.getDomain();
+    const EarthBox window(domain);
+    // In the views of a disc a polygon is more than its points in sight.
+    const bool whole = fill && (proj == 5 || proj == 8 || proj == 10);
     MapFileHeader header;
     Points run(1000);
+    EarthPoints ring;
     EarthPoint place;
     Point point;
     while (file.readHeader(header)) {
-        if (isOutside(plot, header)) {
+        if (!map_in && header.hasBox() && (window.isApart(header) || isOutside(domain, header))) {
             file.skipData();
             continue;
         }
         const char* color_name = index ? setIndexColor(plot, header) : "";
         run.clear();
+        ring.clear();
         for (bool is_first = true; file.readData(place); is_first = false) {
             const EarthPoint& earth = place;
             domain.tran(earth, point);
             if (is_first && index && plot.withinDomain(point))
                 drawIndex(plot, header, color_name, place, point);
-            if (point.x != Const::MISS)
+            if (whole && place.lat != Const::MISS)
+                ring.add(place);
+            else if (point.x != Const::MISS)
                 run.add(point);
             else
-                drawSegment(plot, run);
+                drawRun(plot, run, ring);
         }
-        if (run.getNum() == 1 && header.num == 1)
-            drawPlace(plot, header, run.get(0));
-        drawSegment(plot, run);
+        if (header.num == 1 && point.x != Const::MISS && run.getNum() + ring.getNum() == 1)
+            drawPlace(plot, header, point);
+        drawRun(plot, run, ring);
     }
     return 1;
+}
+
+/// Draws what was gathered of a segment, in plot coordinates or, as a whole, in those of the earth.
+void MapPlot::drawRun(Plot& plot, Points& run, EarthPoints& ring) {
+    if (ring.getNum() > 1) {
+        plot.drawFill(ring);
+        if (outline)
+            plot.drawLine(ring);
+    }
+    ring.clear();
+    drawSegment(plot, run);
 }
 
 int MapPlot::drawSegment(Plot& plot, Points& points) {

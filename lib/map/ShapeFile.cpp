@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 namespace ORV {
 namespace {
@@ -14,6 +15,7 @@ constexpr int part_words = 2;
 constexpr int point_words = 8;
 constexpr int point_bytes = 16;
 constexpr int points_in_block = 256;
+constexpr int most_reserved = 1 << 20; // points
 
 enum Shape { EMPTY = 0, POINT = 1, LINE = 3, POLYGON = 5, LINE_Z = 13, POLYGON_Z = 15 };
 
@@ -28,8 +30,11 @@ int ShapeFile::checkType(const char* name) {
     if (!probe.isOpen())
         return -1;
     unsigned char bytes[10] = {};
-    return probe.read(bytes, sizeof bytes) >= static_cast<int>(sizeof magic) &&
-           std::memcmp(bytes, magic, sizeof magic) == 0;
+    return probe.read(bytes, sizeof bytes) >= static_cast<int>(sizeof magic) && isShape(bytes);
+}
+
+bool ShapeFile::isShape(const void* start) {
+    return std::memcmp(start, magic, sizeof magic) == 0;
 }
 
 int ShapeFile::open(const char* name, int new_mode) {
@@ -103,7 +108,12 @@ int ShapeFile::readParts() {
     for (double& value : box)
         if (little.readDouble(*this, value) != static_cast<int>(sizeof value))
             return 0;
-    range.set(box[1], box[3], box[0], box[2]);
+    // What is no box of the earth doesn't tell which parts can be skipped.
+    if (std::all_of(std::begin(box), std::end(box), isCoordinate))
+        range.set(static_cast<float>(box[1]), static_cast<float>(box[3]),
+                  static_cast<float>(box[0]), static_cast<float>(box[2]));
+    else
+        range.init();
     if (!readOrdered(little, parts) || !readOrdered(little, points))
         return 0;
     const long long words = header_words + static_cast<long long>(part_words) * parts +
@@ -123,7 +133,8 @@ int ShapeFile::readParts() {
 
 int ShapeFile::readPoints(int count, ShapeData& data) {
     double block[2 * points_in_block];
-    data.points.expand(std::min(count, 1 << 20));
+    if (data.points.max < count)
+        data.points.expand(std::min(count, most_reserved)); // the file may hold fewer than it says
     while (count > 0) {
         const int n = std::min(count, points_in_block);
         if (!readBytes(block, n * point_bytes))
@@ -139,10 +150,10 @@ int ShapeFile::readPoints(int count, ShapeData& data) {
 
 /// Passes over what follows the points of a record, such as heights and measures.
 int ShapeFile::skipRest() {
-    int left = 2 * (rec_len - header_words - part_words * parts - point_words * points);
+    long long left = 2LL * (rec_len - header_words - part_words * parts - point_words * points);
     char block[4096];
     while (left > 0) {
-        const int n = std::min(left, static_cast<int>(sizeof block));
+        const int n = static_cast<int>(std::min<long long>(left, sizeof block));
         if (!readBytes(block, n))
             return 0;
         left -= n;

@@ -1,0 +1,124 @@
+// The maps of the database, drawn on the whole world in each projection.
+#include "ORV/MapFile.h"
+
+#include "MapFixture.h"
+
+#include <numeric>
+
+namespace ORV {
+namespace {
+
+constexpr double land_share = 0.292; // of the earth: 149 of 510 million square km
+
+const struct {
+    const char* domain;
+    double earth; // on an equal-area map, in areas of the sphere, else 0
+} worlds[] = {
+    {"ps:90:-100:60,90,0,61,61,6,6", 0},
+    {"ps:-90:0:-60,-90,0,61,61,6,6", 0},
+    {"ll:0:0,0,0,73,37,5,5", 0},
+    {"ll:0:180,0,180,73,37,5,5", 0},
+    {"merc:0:50,0,50,73,55,5.56,5.56", 0},
+    {"lamb:40:-100:25:60,20,-100,61,61,4.6,4.6", 0},
+    {"lamb:-30:30:-20:-50,-10,30,61,61,4.6,4.6", 0},
+    {"ortho:25:-95,25,-95,61,61,2.2,2.2", 0},
+    {"moll:0:0,0,0,73,37,3.6,3.6", 0.5},
+    {"moll:0:140,0,140,73,37,3.6,3.6", 0.5},
+    {"lambaz:30:-60,30,-60,61,61,4.4,4.4", 1},
+    {"lambaz:90:0,90,0,61,61,4.4,4.4", 1},
+    {"albers:40:-100:25:60,40,-100,61,61,6,6", 1},
+    {"sat:0:-75,0,-75,61,61,2,2", 0},
+};
+
+class MapDataTest : public MapTest {
+protected:
+    MapDataTest() { Orv::resrc.set("file_path", ORV_DATA); }
+
+    void draw(const char* items, const char* domain) {
+        show(domain);
+        MapPlot map;
+        map.setMapFiles(items);
+        map.draw(plot);
+    }
+};
+
+TEST_F(MapDataTest, NoLineRunsAcrossTheWorld) {
+    for (const auto& world : worlds) {
+        draw("orv.map[red],coast_low.map[red],border_low.map[red]", world.domain);
+        const auto drawn = lines();
+        EXPECT_GT(drawn.size(), 400u) << world.domain;
+        // The longest steps of the coarse coast are some 5 degrees; maps stretch them at their rim.
+        const double limit = plot.getProj() == 8 ? 0.16 : 0.09;
+        EXPECT_LT(longest(drawn), limit * plot.getDomVert()) << world.domain;
+    }
+}
+
+TEST_F(MapDataTest, LandCoversAsMuchOfTheMapAsOfTheEarth) {
+    for (const auto& world : worlds) {
+        if (world.earth == 0)
+            continue;
+        draw("land_low.map[red:fill]", world.domain);
+        const auto polygons = fills();
+        const double land =
+            std::accumulate(polygons.begin(), polygons.end(), 0.0,
+                            [](double sum, const Shape& shape) { return sum + area(shape); });
+        const double radius = Const::EARTH_MEAN;
+        EXPECT_NEAR(land / (4 * Const::PI * radius * radius * world.earth), land_share, 0.01)
+            << world.domain;
+    }
+}
+
+TEST_F(MapDataTest, PolygonsAreClosedAndBoxesHoldTheirPoints) {
+    for (const char* name : {"land_low", "land_mid", "lake_fill", "orv", "county_us"}) {
+        MapFile file((std::string(ORV_DATA "/") + name + ".map").c_str());
+        ASSERT_TRUE(file.isOpen()) << name;
+        const bool is_fill = std::strncmp(name, "la", 2) == 0;
+        MapFileHeader header;
+        int open = 0, outside = 0, points = 0;
+        while (file.readHeader(header)) {
+            EarthPoint first, point;
+            for (int i = 0; file.readData(point); i++) {
+                if (i == 0)
+                    first = point;
+                outside += point.lat < header.min_lat || point.lat > header.max_lat ||
+                           point.lon < header.min_lon || point.lon > header.max_lon;
+                points++;
+            }
+            open += is_fill && (first.lat != point.lat || first.lon != point.lon);
+        }
+        EXPECT_GT(points, 1000) << name;
+        EXPECT_EQ(open, 0) << name;
+        EXPECT_EQ(outside, 0) << name;
+    }
+}
+
+// Natural Earth's coast in another form, from the package libmagics++-data.
+TEST_F(MapDataTest, PublicShapefileLiesOnTheNativeMap) {
+    const char* path = "/usr/share/magics/110m/ne_110m_coastline.shp";
+    if (!std::filesystem::exists(path))
+        GTEST_SKIP() << path << " isn't installed";
+    MapFile shapes(path);
+    ASSERT_TRUE(shapes.isOpen());
+    std::vector<EarthPoint> native;
+    MapFileHeader header;
+    EarthPoint point;
+    for (MapFile file(ORV_DATA "/coast_low.map"); file.readHeader(header);)
+        while (file.readData(point))
+            native.push_back(point);
+    int points = 0, far = 0;
+    while (shapes.readHeader(header))
+        while (shapes.readData(point)) {
+            double nearest = 1000;
+            for (const EarthPoint& other : native)
+                nearest = std::min<double>(
+                    nearest, std::hypot(other.lat - point.lat,
+                                        std::remainder(other.lon - point.lon, 360.0)));
+            points++;
+            far += nearest > 0.1;
+        }
+    EXPECT_GT(points, 4000);
+    EXPECT_LT(far, points / 20);
+}
+
+} // namespace
+} // namespace ORV

@@ -1,0 +1,93 @@
+#include "MapFixture.h"
+
+namespace ORV {
+namespace {
+
+class MapLatLonTest : public MapTest {
+protected:
+    /// The texts of labels, in order.
+    std::string draw(const char* domain, float dlat, float dlon) {
+        show(domain);
+        plot.setLine();
+        plot.setText();
+        plot.setFont("#plain"); // one that the device has, so that labels come as texts
+        device->take();
+        MapPlot map;
+        map.drawLatLon(plot, dlat, dlon);
+        std::string labels;
+        for (const std::string& call : device->calls)
+            if (call.rfind("text ", 0) == 0)
+                labels += call.substr(call.rfind(' ') + 1) + " ";
+        return labels;
+    }
+};
+
+TEST_F(MapLatLonTest, LinesStandAtTheSpacingsAndAreLabelledAtTheEdge) {
+    // 40 wide and 20 high around the origin: labels 0.4 inside the left and the lower edge.
+    EXPECT_EQ(draw("ll:0:0,0,0,41,21,1,1", 5, 10), "5S EQ 5N 10W PM 10E ");
+    int at_edge = 0;
+    for (const Shape& line : lines())
+        for (const Point& point : line)
+            at_edge += std::fabs(point.x - 10) < 0.1;
+    EXPECT_GT(at_edge, 4) << "the meridian of 10 east";
+}
+
+TEST_F(MapLatLonTest, TheDateLineIsDrawnTwiceOnlyWhereTheMapHasBothEnds) {
+    EXPECT_EQ(draw("ll:0:0,0,0,73,37,5,5", 30, 90),
+              "60S 60S 30S 30S EQ EQ 30N 30N 60N 60N DL 90W PM 90E DL ")
+        << "parallels also have labels in the middle, where the row of the meridians' is";
+    EXPECT_EQ(draw("moll:0:0,0,0,73,37,3.6,3.6", 30, 90), "60S 30S EQ 30N 60N DL 90W PM 90E ");
+}
+
+TEST_F(MapLatLonTest, LargeMapsHaveLabelsInside) {
+    const std::string small = draw("ps:90:0:60,60,0,21,21,1,1", 30, 60);
+    const std::string large = draw("ps:90:0:60,90,0,61,61,3,3", 30, 60);
+    const auto count = [](const std::string& text, const char* label) {
+        int n = 0;
+        for (auto at = text.find(label); at != std::string::npos; at = text.find(label, at + 1))
+            n++;
+        return n;
+    };
+    EXPECT_EQ(count(small, "60E"), 0) << small;
+    EXPECT_GE(count(large, "60E"), 1) << large;
+    EXPECT_GE(count(large, "60N"), 1) << large;
+}
+
+TEST_F(MapLatLonTest, NoLineCrossesTheMapAtItsCut) {
+    const struct {
+        const char* domain;
+        double longest; // of one step between points, plot coordinates
+    } cases[] = {
+        {"ll:0:180,0,180,73,37,5,5", 3},        {"merc:0:180,0,180,73,55,5.56,5.56", 16},
+        {"moll:0:100,0,100,73,37,3.6,3.6", 7},  {"lamb:40:-100:25:60,20,-100,61,61,4.6,4.6", 20},
+        {"ortho:20:20,20,20,61,61,2.2,2.2", 5}, {"albers:40:-100:25:60,40,-100,61,61,5,5", 5},
+        {"sat:0:0,0,0,61,61,2,2", 5},           {"lambaz:30:50,30,50,61,61,4.4,4.4", 40},
+    };
+    for (const auto& c : cases) {
+        draw(c.domain, 10, 10);
+        const auto drawn = lines();
+        EXPECT_GT(drawn.size(), 30u) << c.domain;
+        double most = 0;
+        for (const Shape& line : drawn)
+            for (size_t i = 1; i < line.size(); i++)
+                if (plot.withinDomain(line[i - 1]) && plot.withinDomain(line[i]))
+                    most = std::max(most, longest({{line[i - 1], line[i]}}));
+        EXPECT_LT(most, c.longest) << c.domain;
+    }
+}
+
+TEST_F(MapLatLonTest, SpacingsThatMakeNoLinesDrawNothing) {
+    for (const float spacing : {0.0f, -5.0f, static_cast<float>(Const::MISS)})
+        EXPECT_EQ(draw("ll:0:0,0,0,41,21,1,1", spacing, 10), "") << spacing;
+    EXPECT_EQ(draw("xy,0,0,41,21,1,1", 5, 5), "");
+    EXPECT_EQ(device->count("line"), 0);
+}
+
+TEST_F(MapLatLonTest, FractionsMeetTheEquator) {
+    const std::string labels = draw("ll:0:0,0,0,41,11,0.1,0.1", 0.1f, 90);
+    EXPECT_NE(labels.find("EQ"), std::string::npos) << labels;
+    EXPECT_EQ(labels.find("-0"), std::string::npos) << labels;
+}
+
+} // namespace
+} // namespace ORV

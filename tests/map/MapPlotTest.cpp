@@ -1,0 +1,309 @@
+#include "ORV/MapPlot.h"
+
+#include "MapFixture.h"
+
+namespace ORV {
+namespace {
+
+constexpr const char* square = "ll:0:0,0,0,121,61,1,1"; // 120 wide, 60 high
+
+class MapPlotTest : public MapTest {
+protected:
+    MapPlotTest() {
+        for (const char* name : {"a.map", "b.map", "c.map"})
+            writeLine(name);
+    }
+
+    /// Draws a list on a fresh plot and returns the names of the map files that were drawn.
+    std::string draw(MapPlot& map, const char* list, const char* domain = square) {
+        show(domain);
+        map.setMapFiles(list);
+        map.draw(plot);
+        std::string names;
+        for (const std::string& call : device->calls)
+            if (call.rfind("message Map: ", 0) == 0)
+                names += call.substr(13, 1);
+        return names;
+    }
+    std::string draw(const char* list, const char* domain = square) {
+        MapPlot map;
+        return draw(map, list, domain);
+    }
+    /// The last color of a context, as red, green, blue in hexadecimal digits; empty without one.
+    std::string color(int context) const {
+        const std::string start = "color " + std::to_string(context) + " ";
+        char text[20] = "";
+        for (const std::string& call : device->calls)
+            if (call.rfind(start, 0) == 0)
+                std::snprintf(text, sizeof text, "%06x", std::atoi(call.c_str() + start.size()));
+        return text;
+    }
+};
+
+TEST_F(MapPlotTest, ParametersAreTakenByTheirLeadingCharacters) {
+    MapPlot map(
+        "ctable=x,co=red,coll=blue,coln=green,mf=a.map,fill,fc,map_in,index,lalo=10:20,fillx");
+    EXPECT_STREQ(map.color_table.get(), "x");
+    EXPECT_STREQ(map.color.get(), "red");
+    EXPECT_STREQ(map.color_latlon.get(), "blue");
+    EXPECT_STREQ(map.color_line.get(), "green");
+    EXPECT_STREQ(map.map_files.get(), "a.map");
+    EXPECT_TRUE(map.fill && map.fill_cont && map.map_in && map.index);
+    EXPECT_EQ(map.lat_inc, 10);
+    EXPECT_EQ(map.lon_inc, 20);
+    EXPECT_EQ(MapPlot("lalo").lon_inc, 5);
+    EXPECT_EQ(MapPlot("lalo=2").lon_inc, 2);
+
+    const struct {
+        const char* param;
+        int def, type;
+    } layers[] = {
+        {"", 1, 0},          {"under", 0, 1},           {"over", 0, 2},
+        {"nodefault", 1, 0}, {"under,nodefault", 0, 1}, {"default,over", 2, 2},
+    };
+    for (const auto& layer : layers) {
+        EXPECT_EQ(MapPlot(layer.param).def, layer.def) << layer.param;
+        EXPECT_EQ(MapPlot(layer.param).type, layer.type) << layer.param;
+    }
+}
+
+TEST_F(MapPlotTest, MarksChooseTheLayer) {
+    write("list.mpl", "a.map\n-b.map +c.map\n");
+    const struct {
+        const char *param, *list, *drawn;
+    } cases[] = {
+        {"", "a.map,-b.map,+c.map", "a"},
+        {"under", "a.map,-b.map,+c.map", "b"},
+        {"over", "a.map,-b.map,+c.map", "c"},
+        {"default,over", "a.map,-b.map,+c.map", "ac"},
+        {"", "list.mpl", "a"},
+        {"under", "list.MPL,fi:list.mpl", "b"}, // the first isn't there: names keep their case
+        {"over", "-list.mpl", ""},
+        {"over", "+list.mpl,+fi:list.mpl,-FI:list.mpl", "cc"},
+        {"", "+list.mpl", ""},
+    };
+    for (const auto& c : cases) {
+        MapPlot map(c.param);
+        EXPECT_EQ(draw(map, c.list), c.drawn) << c.param << " " << c.list;
+    }
+}
+
+TEST_F(MapPlotTest, ListComesFromTheResourceOrIsTheWorld) {
+    Orv::resrc.set("map_file", "b.map");
+    EXPECT_EQ(draw(nullptr), "b");
+    Orv::resrc.set("map_file", "");
+    EXPECT_EQ(draw(nullptr), "o"); // orv.map
+    testing::internal::CaptureStderr();
+    draw("none.mpl,a.map");
+    const std::string words = testing::internal::GetCapturedStderr();
+    EXPECT_NE(words.find("MapPlot_draw: Unable to open map list file: "), std::string::npos);
+    EXPECT_EQ(device->count("line 1"), 1) << "the list goes on";
+}
+
+TEST_F(MapPlotTest, SizePrefixesTestTheHeightOfTheDomain) {
+    const struct {
+        const char* prefix;
+        const char* drawn; // on domains of 20, 60 and 80 degrees, by letters
+    } cases[] = {{"s-60:", "ab"},    {"s+60:", "c"},    {">20<60:", "b"},    {">20:", "bc"},
+                 {"<60>40:", "b"},   {"<60:", "ab"},    {"s+20:s-70:", "b"}, {">10<70:s-30:", "a"},
+                 {"<70:s+30:", "b"}, {"<70:>30:", "b"}, {"s-70:>30:", "b"}};
+    const char* domains[] = {"ll:0:0,0,0,41,21,1,1", square, "ll:0:0,0,0,161,81,1,1"};
+    for (const auto& c : cases) {
+        std::string drawn;
+        for (int i = 0; i < 3; i++)
+            if (!draw((std::string(c.prefix) + "a.map").c_str(), domains[i]).empty())
+                drawn += static_cast<char>('a' + i);
+        EXPECT_EQ(drawn, c.drawn) << c.prefix;
+    }
+}
+
+TEST_F(MapPlotTest, ConditionsChooseByTheCentreAndTheSize) {
+    const char* inside = "ll:0:-100,40,-100,61,31,1,1";
+    const struct {
+        const char *list, *domain, *drawn;
+    } cases[] = {
+        {"[30,50,-130,-60],a.map,b.map,[],c.map", inside, "ab"},
+        {"[30,50,-130,-60],a.map,b.map,[],c.map", square, "c"},
+        {"[50,30,-60,-130],a.map", inside, "a"},             // ends in either order
+        {"[40,40,-100,-100],a.map", inside, "a"},            // bounds included
+        {"[30,50,-130,-60,29],a.map,[],b.map", inside, "b"}, // 30 high
+        {"[30,50,-130,-60,30],a.map", inside, "a"},
+        {"a.map,[0,1,0,1],b.map,[30,50,-130,-60],c.map", inside, "ac"},
+        {"[30,50,-130,-60],a.map,[],b.map,[],c.map", inside, "ac"}, // turned round twice
+        {"[],a.map", square, "a"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(draw(c.list, c.domain), c.drawn) << c.list;
+
+    MapPlot map;
+    draw(map, "[30,50,-130,-60],a.map,[],b.map", inside);
+    EXPECT_EQ(map.cond, -1);
+    EXPECT_EQ(draw(map, "c.map", inside), "") << "the state lives on";
+}
+
+TEST_F(MapPlotTest, AttributesColorAndFill) {
+    const struct {
+        const char *param, *list;
+        const char *line, *fill; // the last colors
+        int lines, fills;
+    } cases[] = {
+        {"", "a.map", "ff0000", "", 1, 0}, // the default
+        {"co=#0000ff", "a.map", "0000ff", "", 1, 0},
+        {"", "a.map[#0000ff]", "0000ff", "", 1, 0},
+        {"", "a.map:#0000ff:fill", "", "0000ff", 0, 1},
+        {"", "a.map[#0000ff,fill]", "", "0000ff", 0, 1},
+        {"", "a.map[#0000ff:fill:coln=red]", "ff0000", "0000ff", 1, 1},
+        {"coln=red,fill", "a.map[#0000ff]", "ff0000", "0000ff", 1, 1},
+        {"", "a.map[#0000ff:fill],b.map[red]", "ff0000", "", 1, 1}, // filling ends with its item
+        {"", "a.map:off,b.map[off]", "", "", 0, 0},
+    };
+    for (const auto& c : cases) {
+        MapPlot map(c.param);
+        draw(map, c.list);
+        EXPECT_EQ(device->count("line 1"), c.lines) << c.list;
+        EXPECT_EQ(device->count("fill 3"), c.fills) << c.list;
+        if (*c.line) {
+            EXPECT_EQ(color(1), c.line) << c.list;
+        }
+        if (*c.fill) {
+            EXPECT_EQ(color(3), c.fill) << c.list;
+        }
+    }
+    Orv::resrc.set("color_fmap", "#0000ff");
+    MapPlot map("fc");
+    draw(map, "a.map");
+    EXPECT_EQ(color(1), "0000ff") << "below filled contours";
+}
+
+TEST_F(MapPlotTest, OtherKindsOfItemsDraw) {
+    draw("mk:10:20:#0000ff");
+    EXPECT_EQ(device->count("line 2"), 2) << "a cross";
+    EXPECT_EQ(color(2), "0000ff");
+    draw("MK:10");
+    EXPECT_EQ(device->count("line"), 0) << "no place";
+
+    draw("bg[#0000ff]");
+    EXPECT_EQ(device->count("fill 3"), 1);
+    EXPECT_EQ(color(3), "0000ff");
+    draw("bg:");
+    EXPECT_EQ(device->count("fill 3"), 0);
+
+    draw("grid", "ll:0:0,0,0,5,4,10,10");
+    EXPECT_EQ(lines().size(), 9u) << "5 columns and 4 rows";
+    draw("grid:ll,0,0,3,2,20,20:#0000ff");
+    EXPECT_EQ(lines().size(), 0u) << "a domain with commas needs quotes";
+    draw("\"grid:ll,0,0,3,2,20,20:#0000ff\"");
+    EXPECT_EQ(lines().size(), 5u);
+    EXPECT_EQ(color(1), "0000ff");
+    draw("\"grid:ll,0,0,1000000000,2,1,1\"");
+    EXPECT_EQ(lines().size(), 0u);
+
+    draw("lalo:10[#0000ff]");
+    EXPECT_EQ(device->count("message Map-lalo: 10.0,10.0"), 1);
+    EXPECT_EQ(color(1), "0000ff");
+    draw("lalo:10:20:red");
+    EXPECT_EQ(device->count("message Map-lalo: 10.0,20.0"), 1);
+    EXPECT_EQ(color(1), "ff0000");
+    MapPlot map("lalo=30,coll=#0000ff");
+    draw(map, "a.map:off");
+    EXPECT_GT(device->count("line 1"), 10) << "a grid behind the list";
+    EXPECT_EQ(color(1), "0000ff");
+}
+
+TEST_F(MapPlotTest, PicturesThatCantBeReadAreReported) {
+    const struct {
+        const char *item, *warning;
+    } cases[] = {
+        {"if:x.tif:red:0:1", "Map image not found: x.tif\n"},
+        {"radar.png", "Map image not found: radar.png\n"},
+        {"im:sat", "Map image not found: sat\n"},
+        {"map.meta", "Map metafile not found: map.meta\n"},
+    };
+    for (const auto& c : cases) {
+        testing::internal::CaptureStderr();
+        draw(c.item);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), c.warning);
+    }
+}
+
+TEST_F(MapPlotTest, FilesMayHaveAPathOrNotBeThere) {
+    EXPECT_EQ(draw("none.map,a.map"), "na");
+    EXPECT_EQ(device->count("line 1"), 1);
+    draw((folder / "b.map").c_str());
+    EXPECT_EQ(device->count("line 1"), 1);
+}
+
+TEST_F(MapPlotTest, SegmentsOutsideTheDomainAreLeftOut) {
+    const char* europe = "ll:0:0,50,10,31,21,1,1";
+    const struct {
+        const char* what;
+        const char* header;
+        int lines; // of the segment 45,0 50,20, whatever its header says
+    } cases[] = {
+        {"no box", "2 0 0 0 0 1", 1},
+        {"its box", "2 50 45 20 0 1", 1},
+        {"a box in the west", "2 60 30 -20 -40 1", 0},
+        {"a box in the south", "2 20 -20 30 -10 1", 0},
+        {"a box all around", "2 80 -80 170 -170 1", 1},
+    };
+    for (const auto& c : cases) {
+        write("a.map", std::string(c.header) + "\n45 0 50 20\n");
+        draw("a.map", europe);
+        EXPECT_EQ(device->count("line 1"), c.lines) << c.what;
+        MapPlot map("map_in");
+        draw(map, "a.map", europe);
+        EXPECT_EQ(device->count("line 1"), 1) << c.what;
+    }
+    // All four corners of a box around the pole are the same two places on the map.
+    write("a.map", "3 -70 -90 180 -180 1\n-75 -90 -75 0 -75 90\n");
+    draw("a.map", "ps:-90:0:-60,-75,0,21,21,1,1");
+    EXPECT_EQ(device->count("line 1"), 1);
+}
+
+TEST_F(MapPlotTest, PlacesAreNamed) {
+    write("p.kml", "<?xml version=\"1.0\"?><kml><Placemark><name>Paris</name><Point><coordinates>"
+                   "2.3,48.9</coordinates></Point></Placemark></kml>");
+    write("a.map", "1 48.9 48.9 2.3 2.3 1\n48.9 2.3\n");
+    show("ll:0:0,50,10,31,21,1,1");
+    plot.setFont("#plain"); // one of the device's own, so that texts come as such
+    MapPlot map;
+    map.setMapFiles("p.kml,a.map");
+    map.draw(plot);
+    ASSERT_EQ(device->count("text "), 2);
+    const std::string texts = device->take();
+    EXPECT_NE(texts.find(" Paris\n"), std::string::npos);
+    EXPECT_NE(texts.find(" +\n"), std::string::npos) << "without a name";
+}
+
+TEST_F(MapPlotTest, MissingPlacesPartALine) {
+    write("a.map", "5 0 0 0 0 1\n0 0 10 10 -9999 -9999 20 20 20 30\n");
+    draw("a.map");
+    EXPECT_EQ(lines().size(), 2u);
+}
+
+TEST_F(MapPlotTest, PlotsWithoutMapsDrawNone) {
+    show(square);
+    plot.setDrawing("-map");
+    MapPlot map;
+    map.setMapFiles("a.map");
+    EXPECT_EQ(map.draw(plot), 0);
+    show("hodo,0,0,41,41,1,1");
+    map.draw(plot);
+    EXPECT_EQ(device->count("line 1"), 0);
+}
+
+TEST_F(MapPlotTest, IndexNumbersSegmentsByColor) {
+    write("a.map", "2 0 0 0 0 3\n0 0 10 10\n2 0 0 0 0 -7\n0 5 10 15\n");
+    show(square);
+    plot.setFont("#plain");
+    MapPlot map("index");
+    map.setMapFiles("a.map");
+    testing::internal::CaptureStdout();
+    map.draw(plot);
+    const std::string words = testing::internal::GetCapturedStdout();
+    EXPECT_NE(words.find("3 yellow 2 0.0000 0.0000\n"), std::string::npos) << words;
+    EXPECT_EQ(device->count("text "), 2);
+}
+
+} // namespace
+} // namespace ORV
