@@ -15,7 +15,6 @@ namespace ORV {
 /// as big-endian binary values. A binary file has a companion, with ".mdb" for its last four
 /// characters, whose lines name the segments; without it names are empty.
 ///
-/// A file that is read is held in memory as a whole, so that passing over a segment costs nothing.
 /// A cut or damaged segment ends early, and the file with it. Coordinates that are no numbers are
 /// passed over.
 class MapOrvFile {
@@ -65,16 +64,24 @@ public:
     int print() const;
 
 private:
-    /// The bytes of a file, and a cursor.
+    /// A window on the bytes of a file, and a cursor in it.
     class Content {
     public:
         std::unique_ptr<char[]> bytes;
-        int size = 0;
+        int size = 0; // of the bytes that are there
         int at = 0;
 
-        void load(File& file);
+        void set(File& from);
         void clear();
+        bool ensure(int n);
+        void ensureAll();
+        void skip(long long n);
+        int seek(long position);
         std::string_view takeLine();
+
+    private:
+        File* file = nullptr;
+        int room = 0;
     };
 
     int openRead(const char* name);
@@ -85,14 +92,13 @@ private:
     int readBinaryPoint(EarthPoint& point);
     int readTextPoint(EarthPoint& point);
     void readName(MapFileHeader& header);
-    int available() const { return content.size - content.at; }
+    int seekTo(int position);
     unsigned int takeBytes(int n);
     float takeFloat();
     bool takeNumber(float& value);
 
-    Content content;    // of the file being read
-    Content names;      // of the companion
-    int name_start = 0; // of the first name
+    Content content; // of the file being read
+    Content names;   // of the companion
 };
 
 } // namespace ORV

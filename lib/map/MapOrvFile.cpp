@@ -20,16 +20,8 @@ constexpr int header_bytes = 20; // behind the count
 constexpr int point_bytes = 8;
 constexpr int probe_bytes = 100;
 constexpr int pairs_in_line = 4;
-constexpr int first_size = 1 << 20;             // of a file that doesn't tell
+constexpr int window_size = 1 << 16;
 constexpr int max_size = (1 << 30) - (1 << 20); // 1 GB
-
-/// The bytes that a plain file holds, as far as we take them; a first guess for others.
-int sizeOf(File& file) {
-    file.endFile();
-    const long size = file.tell();
-    file.rewind();
-    return size >= 0 ? static_cast<int>(std::min<long>(size, max_size)) : first_size;
-}
 
 bool isNumber(float value) {
     return std::isfinite(value);
@@ -68,12 +60,14 @@ int MapOrvFile::open(const char* name, int new_mode, int new_type) {
 int MapOrvFile::openRead(const char* name) {
     if (!file.open(name, "r"))
         return 0;
-    content.load(file);
-    file.close();
+    content.set(file);
+    content.ensure(probe_bytes);
     if (type == FIND)
-        type = isText(content.bytes.get()) ? TEXT : BINARY;
+        type = content.size > 0 && isText(content.bytes.get()) ? TEXT : BINARY;
     if (type == BINARY)
         openNames(name);
+    else
+        content.ensureAll();
     return 1;
 }
 
@@ -82,8 +76,6 @@ int MapOrvFile::openWrite(const char* name) {
 }
 
 void MapOrvFile::openNames(const char* name) {
-    names.clear();
-    name_start = 0;
     const int length = StrLib::length(name);
     if (length < 4 || FileTool::isStdio(name))
         return;
@@ -92,27 +84,24 @@ void MapOrvFile::openNames(const char* name) {
     companion.append(".mdb");
     if (!db.open(companion.get(), "r"))
         return;
-    names.load(db);
+    names.set(db);
     names.takeLine();
-    name_start = names.at;
-    db.close();
 }
 
 int MapOrvFile::rewind() {
     if (!open_flag || mode != 0)
         return 0;
     read = num = 0;
-    content.at = 0;
-    names.at = name_start;
-    return 1;
+    if (db.isOpen()) {
+        names.seek(0);
+        names.takeLine();
+    }
+    return seekTo(0);
 }
 
 int MapOrvFile::seek(int position) {
     read = num = 0;
-    if (!open_flag || mode != 0 || position < 0 || position > content.size)
-        return 0;
-    content.at = position;
-    return 1;
+    return open_flag && mode == 0 && position >= 0 ? seekTo(position) : 0;
 }
 
 int MapOrvFile::close() {
@@ -124,43 +113,92 @@ int MapOrvFile::close() {
     return db.close();
 }
 
-// Reads all of a file, with a zero byte behind it that ends number texts.
-void MapOrvFile::Content::load(File& file) {
+void MapOrvFile::Content::set(File& from) {
     clear();
-    int room = sizeOf(file);
-    for (bool more = true; more;) {
-        std::unique_ptr<char[]> wider(new char[room + 1]); // not cleared: maps are large
-        std::copy_n(bytes.get(), size, wider.get());
-        bytes = std::move(wider);
-        const int got = file.read(bytes.get() + size, room - size);
-        size += std::max(got, 0);
-        char next;
-        more = size == room && room < max_size && file.read(&next, 1) == 1;
-        if (more) {
-            room = std::min(2 * room + 1, max_size);
-            wider.reset(new char[room + 1]);
-            std::copy_n(bytes.get(), size, wider.get());
-            bytes = std::move(wider);
-            bytes[size++] = next;
-        }
-    }
-    bytes[size] = 0;
+    file = &from;
 }
 
 void MapOrvFile::Content::clear() {
-    bytes.reset();
+    file = nullptr;
     size = at = 0;
 }
 
-// The rest of the line, which the cursor passes.
+// Reads until there are n bytes from the cursor on, with a zero byte behind them. False when the
+// file ends before.
+bool MapOrvFile::Content::ensure(int n) {
+    if (size - at >= n)
+        return true;
+    if (!file)
+        return false;
+    const int left = size - at;
+    const int needed = std::max(n, window_size);
+    if (needed > room) {
+        std::unique_ptr<char[]> wider(new char[needed + 1]);
+        std::copy_n(bytes.get() + at, left, wider.get());
+        bytes = std::move(wider);
+        room = needed;
+    } else if (at > 0) {
+        std::memmove(bytes.get(), bytes.get() + at, left);
+    }
+    at = 0;
+    size = left;
+    while (size < n) {
+        const int got = file->read(bytes.get() + size, room - size);
+        if (got <= 0)
+            break;
+        size += got;
+    }
+    bytes[size] = 0;
+    return size >= n;
+}
+
+// Makes all that is left of the file available.
+void MapOrvFile::Content::ensureAll() {
+    for (int n = window_size; n < max_size && ensure(n); n *= 2) {
+    }
+}
+
+void MapOrvFile::Content::skip(long long n) {
+    const int left = size - at;
+    if (n <= left) {
+        at += static_cast<int>(n);
+        return;
+    }
+    size = at = 0;
+    if (!file || file->seek(static_cast<long>(n - left), SEEK_CUR))
+        return;
+    for (n -= left; n > 0 && ensure(1); n -= std::min<long long>(n, size)) // a remote file
+        at = static_cast<int>(std::min<long long>(n, size));
+}
+
+int MapOrvFile::Content::seek(long position) {
+    size = at = 0;
+    return file && file->seek(position, SEEK_SET);
+}
+
+// The rest of the line, which the cursor passes; what is beyond a window of it is dropped.
 std::string_view MapOrvFile::Content::takeLine() {
-    if (at >= size)
-        return {};
+    const auto find = [this] {
+        return static_cast<const char*>(size > at ? std::memchr(bytes.get() + at, '\n', size - at)
+                                                  : nullptr);
+    };
+    const char* end = find();
+    if (!end) {
+        ensure(window_size);
+        end = find();
+    }
     const char* start = bytes.get() + at;
-    const void* end = std::memchr(start, '\n', size - at);
-    const int length = end ? static_cast<int>(static_cast<const char*>(end) - start) : size - at;
-    at = std::min(at + length + 1, size);
+    const int length = end ? static_cast<int>(end - start) : size - at;
+    at += length + (end ? 1 : 0);
     return std::string_view(start, length);
+}
+
+int MapOrvFile::seekTo(int position) {
+    if (!content.seek(position))
+        return 0;
+    if (type == TEXT)
+        content.ensureAll();
+    return 1;
 }
 
 unsigned int MapOrvFile::takeBytes(int n) {
@@ -199,12 +237,12 @@ int MapOrvFile::readHeader(MapFileHeader& header) {
 int MapOrvFile::readBinaryHeader(MapFileHeader& header) {
     unsigned int count = more_points;
     for (int i = 0; i < max_counts && count == more_points; i++) {
-        if (available() < 2)
+        if (!content.ensure(2))
             return 0;
         count = takeBytes(2);
         header.num += static_cast<int>(count);
     }
-    if (available() < header_bytes)
+    if (!content.ensure(header_bytes))
         return 0;
     for (float* value : {&header.max_lat, &header.min_lat, &header.max_lon, &header.min_lon})
         *value = takeFloat();
@@ -238,7 +276,7 @@ int MapOrvFile::readTextHeader(MapFileHeader& header) {
 }
 
 int MapOrvFile::readBinaryPoint(EarthPoint& point) {
-    if (available() < point_bytes)
+    if (!content.ensure(point_bytes))
         return 0;
     const float lat = takeFloat();
     const float lon = takeFloat();
@@ -273,8 +311,7 @@ int MapOrvFile::readData(EarthPoints& points) {
 
 int MapOrvFile::skipData() {
     if (type == BINARY && read < num) {
-        const long left = static_cast<long>(num - read) * point_bytes;
-        content.at += left < available() ? static_cast<int>(left) : available();
+        content.skip(static_cast<long long>(num - read) * point_bytes);
         read = num;
     }
     EarthPoint point;
