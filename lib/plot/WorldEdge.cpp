@@ -125,7 +125,7 @@ bool WorldEdge::parts(const Point& a, const Point& b) const {
         return std::hypot(a.x, a.y) > rim && std::hypot(b.x, b.y) > rim &&
                std::hypot(double(a.x) - b.x, double(a.y) - b.y) > domain.earth_rad;
     }
-    return (domain.proj == 9 || (domain.proj == 4 && domain.xfactor > 0.5)) && isCut(a, b);
+    return isCone() && isCut(a, b);
 }
 
 double WorldEdge::excess(const Point& point) const {
