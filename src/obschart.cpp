@@ -12,6 +12,8 @@
 using namespace ORV;
 
 namespace {
+constexpr int heap_bytes = 16 << 20; // of a usual run
+
 /// The settings of this tool, in the order of its help.
 constexpr int keyed_settings[] = {
     OrvResrc::BASE,    OrvResrc::PATH,   OrvResrc::DATABASE, OrvResrc::IO,         OrvResrc::FILE,
@@ -47,6 +49,7 @@ int plot() {
 } // namespace
 
 int main(int argc, char** argv) {
+    Prog::reserveHeap(heap_bytes);
     ResrcDBList keyed, positional;
     for (const int setting : keyed_settings)
         OrvResrc::add(keyed, setting);

@@ -9,7 +9,12 @@
 
 using namespace ORV;
 
+namespace {
+constexpr int heap_bytes = 16 << 20; // of a usual run
+} // namespace
+
 int main(int argc, const char** argv) {
+    Prog::reserveHeap(heap_bytes);
     ResrcDBList keyed;
     keyed.add("con_path", "orvcpath", "o", "-o dir       Directory of the hour files");
     keyed.add("type", "orvtype", "t", "-t type      File type of the hour files (orv)");

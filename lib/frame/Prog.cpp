@@ -10,7 +10,12 @@
 #include "ORV/StrLib.h"
 #include "ORV/String.h"
 
+#include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -72,6 +77,24 @@ int Prog::findDatabase() {
             return 1;
         }
     return 0;
+}
+
+int Prog::reserveHeap(int bytes) {
+#if defined(__GLIBC__) && defined(MADV_HUGEPAGE)
+    constexpr std::uintptr_t large_page = 2 << 20;
+    constexpr int keep = 1 << 30; // bytes: nothing goes back to the system before the end
+    mallopt(M_MMAP_THRESHOLD, 32 << 20);
+    mallopt(M_TRIM_THRESHOLD, keep);
+    mallopt(M_TOP_PAD, bytes);
+    const auto begin = reinterpret_cast<std::uintptr_t>(sbrk(0));
+    void* volatile block = std::malloc(large_page); // more than is left, so that the heap grows
+    std::free(block);
+    const auto end = reinterpret_cast<std::uintptr_t>(sbrk(0));
+    const auto first = (begin + large_page - 1) / large_page * large_page;
+    return end > first && madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE) == 0;
+#else
+    return bytes < 0;
+#endif
 }
 
 int Prog::printProg(int level, const char* title) {
