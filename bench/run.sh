@@ -42,12 +42,13 @@ for i in "${!names[@]}"; do
 done
 hyperfine --style basic --warmup 3 --min-runs 20 "${arguments[@]}"
 
-echo "Peak memory:"
+echo "Peak memory, MB:"
 for i in "${!names[@]}"; do
-    printf '  %-36s %s\n' "${names[$i]}" "$(python3 bench/peak.py bash -c "${commands[$i]}")"
+    command time -f %M -o "$work/peak" bash -c "${commands[$i]}" >/dev/null
+    awk -v name="${names[$i]}" '{ printf "  %-36s %.1f\n", name, $1 / 1024 }' "$work/peak"
 done
 
 for kernel in "$build"/bench/bench_*; do
     [ -x "$kernel" ] && [ -f "$kernel" ] || continue
-    "$kernel" --benchmark_min_time=0.2
+    "$kernel" --benchmark_min_time=0.2 | grep -v '^Creating: '
 done

@@ -6,8 +6,10 @@
 cmake=$2 build=$3
 examples=$(cd "$(dirname "$0")/../../examples" && pwd) || exit 1
 
-"$cmake" --install "$build" --prefix "$folder/place" >log 2>&1
-expect "status of the installation" 0 $? || cat log
+if ! "$cmake" --install "$build" --prefix "$folder/place" >log 2>&1; then
+    cat log
+    exit 1
+fi
 mkdir elsewhere && cd elsewhere || exit 1
 
 # run TOOL ARGUMENTS...: an installed tool, in an empty environment.
