@@ -96,8 +96,8 @@ int Buffer::read(Buffer& out, int n) {
 }
 
 int Buffer::readLine(void* bytes, int n) {
-    const int most_bytes = std::clamp(n, 0, getAvail());
-    if (most_bytes == 0)
+    const int most_bytes = std::min(n, getAvail());
+    if (most_bytes <= 0)
         return 0;
     const unsigned char* start = data + ind;
     const void* end = std::memchr(start, '\n', most_bytes);
@@ -105,10 +105,11 @@ int Buffer::readLine(void* bytes, int n) {
 }
 
 int Buffer::skipLine() {
-    if (getAvail() == 0)
+    const int left = getAvail();
+    if (left <= 0)
         return 0;
     const unsigned char* start = data + ind;
-    const void* end = std::memchr(start, '\n', getAvail());
+    const void* end = std::memchr(start, '\n', left);
     ind = end ? ind + int(static_cast<const unsigned char*>(end) - start) + 1 : size;
     return end != nullptr;
 }
