@@ -12,6 +12,7 @@
 #include "ORV/WindPlot.h"
 
 #include <cmath>
+#include <cstring>
 
 namespace ORV {
 namespace {
@@ -48,6 +49,11 @@ int pick(int own, int dflt) {
 }
 const char* pick(const char* own, const char* dflt) {
     return StrLib::valid(own) ? own : dflt;
+}
+
+/// Whether a number was rounded to "-0" or "-0.0", which reads better without its sign.
+bool isNegativeZero(const char* text) {
+    return text[0] == '-' && text[1] == '0' && !std::strpbrk(text, "123456789");
 }
 
 void setColor(Plot& plot, const char* name) {
@@ -292,7 +298,7 @@ void DatumPlot::drawNumber(Plot& plot, const Element& element, const char* dflt)
     char text[100];
     if (value != Const::MISS && StrLib::valid(form) &&
         Format::print(text, sizeof text, form, value))
-        plot.drawText(element.at, text);
+        plot.drawText(element.at, text + isNegativeZero(text));
 }
 
 void DatumPlot::drawData(Plot& plot, const Element& element) {

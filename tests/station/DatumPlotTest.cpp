@@ -54,6 +54,11 @@ TEST_F(DatumPlotTest, NumbersAndTextsOfTheGeneralKind) {
     EXPECT_EQ(shapes(Datum(0, 0, Datum::DATA, "13", "ul")), thirteen);
     EXPECT_EQ(shapes(Datum(0, 0, Datum::DATA, 13.04f, "ul,%.1f")),
               shapes(Datum(0, 0, Datum::TEXT, "13.0", "ul")));
+    // A value that rounds to nothing has no sign.
+    EXPECT_EQ(shapes(Datum(0, 0, Datum::DATA, -0.3f, "ul,%.0f")),
+              shapes(Datum(0, 0, Datum::TEXT, "0", "ul")));
+    EXPECT_EQ(shapes(Datum(0, 0, Datum::DATA, -0.3f, "ul,%.1f")),
+              shapes(Datum(0, 0, Datum::TEXT, "-0.3", "ul")));
     // With a format a missing value shows nothing, and neither does a missing number.
     EXPECT_EQ(shapes(Datum(0, 0, Datum::DATA, "13", "ul,%.1f")), "");
     EXPECT_EQ(shapes(Datum(0, 0, Datum::VALUE, "13", "ul")), "");
