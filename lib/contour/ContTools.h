@@ -63,6 +63,11 @@ public:
     /// Whether level k and those behind it may reach down to a value.
     bool reaches(int k, float v) const { return k < size() && (!rising || !(levels[k] > v)); }
 
+    /// Whether a range lies between two levels, k the upper one, and on neither of them.
+    bool isWithin(int k, float lo, float hi) const {
+        return rising && k > 0 && k < size() && levels[k - 1] < lo && hi < levels[k];
+    }
+
 private:
     int last = 0;
 };
