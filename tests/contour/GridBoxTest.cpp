@@ -1,0 +1,184 @@
+#include "ContFixture.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace ORV;
+
+namespace {
+
+constexpr float none = Const::MISS;
+const Point unit[4] = {{0, 1}, {1, 1}, {0, 0}, {1, 0}};
+
+GridBox makeBox(const float (&values)[4], float tweak = Const::MISS) {
+    GridBox box;
+    box.setTweak(tweak);
+    box.set(Domain("xy:0:0,0.5,0.5,2,2,1,1"), values, unit);
+    return box;
+}
+
+TEST(GridBox, FindsWhereALevelCrosses) {
+    const struct {
+        const char* what;
+        float values[4];
+        float level;
+        int sides; // number crossed
+        int cross[4];
+        float t[4]; // where, in the order of cross
+    } rows[] = {
+        {"upper left corner", {10, 0, 0, 0}, 4, 2, {0, 3}, {0.6f, 0.4f}},
+        {"lower right corner", {0, 0, 0, 10}, 4, 2, {1, 2}, {0.6f, 0.4f}},
+        {"left to right", {10, 20, 0, 0}, 5, 2, {1, 3}, {0.25f, 0.5f}},
+        {"top to bottom", {0, 20, 0, 10}, 5, 2, {0, 2}, {0.25f, 0.5f}},
+        {"saddle", {10, 0, 0, 10}, 4, 4, {0, 1, 2, 3}, {0.6f, 0.6f, 0.4f, 0.4f}},
+        {"below", {1, 2, 3, 4}, 0.5f, 0, {}, {}},
+        {"above", {1, 2, 3, 4}, 4.5f, 0, {}, {}},
+        {"missing corner", {10, 0, none, 0}, 4, 0, {}, {}},
+        {"no number at a corner", {10, 0, NAN, 0}, 4, 0, {}, {}},
+        {"infinite corner", {10, 0, INFINITY, 0}, 4, 0, {}, {}},
+        {"the widest values", {3e38f, -3e38f, -3e38f, -3e38f}, 0, 2, {0, 3}, {0.5f, 0.5f}},
+    };
+    for (const auto& row : rows) {
+        GridBox box = makeBox(row.values, 0.001f);
+        ASSERT_EQ(box.setLevel(row.level), row.sides) << row.what;
+        for (int n = 0; n < row.sides; n++) {
+            EXPECT_EQ(box.getCross(n), row.cross[n]) << row.what;
+            EXPECT_FLOAT_EQ(box.getSide(row.cross[n]), row.t[n]) << row.what;
+        }
+    }
+}
+
+TEST(GridBox, TellsALevelOutsideTheCell) {
+    GridBox box = makeBox({1, 2, none, 4});
+    EXPECT_EQ(box.getMin(), 1);
+    EXPECT_EQ(box.getMax(), 4);
+    EXPECT_EQ(box.getEqual(), -2);
+    box.setLevel(0.5f);
+    EXPECT_EQ(box.getEqual(), -1);
+    box.setLevel(5);
+    EXPECT_EQ(box.getEqual(), 1);
+    box.setLevel(3);
+    EXPECT_EQ(box.getEqual(), 0);
+    EXPECT_FALSE(box.isDataValid());
+    EXPECT_EQ(makeBox({none, none, none, none}).getMin(), none);
+}
+
+TEST(GridBox, CrossingsLieOnTheirSides) {
+    GridBox box = makeBox({10, 0, 0, 10});
+    box.setLevel(4);
+    const Point places[4] = {{0.6f, 1}, {1, 0.6f}, {0.4f, 0}, {0, 0.4f}};
+    for (int n = 0; n < 4; n++) {
+        EXPECT_FLOAT_EQ(box.getCrossPoint(n).x, places[n].x) << n;
+        EXPECT_FLOAT_EQ(box.getCrossPoint(n).y, places[n].y) << n;
+    }
+    EXPECT_FLOAT_EQ(box.getTotalDsides(), 1.6f);
+    box.setLevel(6);
+    EXPECT_FLOAT_EQ(box.getTotalDsides(), 2.4f);
+}
+
+TEST(GridBox, LowersACornerOnTheLevel) {
+    GridBox box = makeBox({10, 0, 0, 0}, 0.5f);
+    EXPECT_EQ(box.setLevel(10), 0);
+    EXPECT_EQ(box.getVal(0), 9.5f);
+    EXPECT_EQ(box.setLevel(9), 2) << "by what is left of it";
+
+    box = makeBox({5, 20, 0, 10}, 0.5f);
+    EXPECT_EQ(box.setLevel(5), 2);
+    EXPECT_FLOAT_EQ(box.getSide(0), 0.5f / 15.5f) << "just beside the corner";
+
+    box = makeBox({100, 200, 0, 0});
+    box.setLevel(100);
+    EXPECT_FLOAT_EQ(box.tweak, 0.005f) << "from the value when none is given";
+}
+
+// Without a tweak, as on a flat grid, corners stay on the level.
+TEST(GridBox, SettlesCornersThatStayOnTheLevel) {
+    const struct {
+        const char* what;
+        float values[4];
+        int sides;
+        int cross[2];
+        float codes[4];
+    } rows[] = {
+        {"touched at a corner", {0, -1, -2, -3}, 2, {0, 3}, {0, -3, -2, 1}},
+        {"through two corners", {0, 3, -3, 0}, 2, {1, 3}, {-1, 0, -1, 1}},
+        {"flat on the level", {0, 0, 0, 0}, 0, {-1, -1}, {-4, -4, -4, -4}},
+        {"a side on it", {0, 0, 5, 5}, 2, {1, 3}, {-4, 1, -5, 1}},
+        {"two sides on it", {0, 0, 0, 5}, 0, {-1, -1}, {-4, -1, -1, -4}},
+        {"corner beside a crossing", {0, 5, 1, -5}, 2, {1, 2}, {-1, 0.5f, 1 / 6.0f, 1}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        GridBox box = makeBox(row.values, 0);
+        EXPECT_EQ(box.setLevel(0), row.sides);
+        EXPECT_EQ(box.getCross(0), row.cross[0]);
+        EXPECT_EQ(box.getCross(1), row.cross[1]);
+        for (int s = 0; s < 4; s++)
+            EXPECT_EQ(box.getSide(s), row.codes[s]) << "side " << s;
+    }
+}
+
+TEST(GridBox, CellOverTheEdgeOfTheWorldIsPutTogetherOnTheRight) {
+    Grid grid;
+    grid.setDomain(Domain("latlon:0:180,0,180,3,2,10,10")); // 170, 180 and 190 east
+    grid.allocData();
+    GridBox box;
+    box.set(grid, Domain("latlon:0:0,0,0,37,19,10,10"), 0, 0);
+    EXPECT_EQ(box.getSpan(), 0);
+    EXPECT_FLOAT_EQ(box.getPoint(1).x, 180);
+    box.set(grid, Domain("latlon:0:0,0,0,37,19,10,10"), 1, 0);
+    EXPECT_EQ(box.getSpan(), 1);
+    EXPECT_FLOAT_EQ(box.getPoint(0).x, 180);
+    EXPECT_FLOAT_EQ(box.getPoint(1).x, 190);
+    EXPECT_FLOAT_EQ(box.getPoint(3).x, 190);
+
+    box.set(grid, Domain("merc:0:0,0,0,37,19,10,10"), 1, 0);
+    EXPECT_EQ(box.getSpan(), 1);
+    EXPECT_NEAR(box.getPoint(1).x, 190 / 360.0 * Domain::OFFSET_MERC, 1e-3);
+
+    // On the ellipse each corner moves by the width of the world at its own height.
+    box.set(grid, Domain("moll:0:0,0,0,101,51,3,3"), 1, 0);
+    EXPECT_EQ(box.getSpan(), 1);
+    for (const int right : {1, 3}) {
+        const Point corner = box.getPoint(right);
+        EXPECT_NEAR(corner.x / (190 / 90.0 * std::sqrt(63.7122 * 63.7122 - corner.y * corner.y)),
+                    1, 1e-4);
+    }
+
+    // A coarse cell about the middle of the map is wide, but not torn.
+    grid.setDomain(Domain("latlon:0:0,0,0,2,2,100,50"));
+    grid.allocData();
+    box.set(grid, Domain("latlon:0:0,0,0,37,19,10,10"), 0, 0);
+    EXPECT_EQ(box.getSpan(), 0);
+}
+
+TEST(GridBox, CellWithoutAPlaceOnThePlotIsTold) {
+    Grid grid;
+    grid.setDomain(Domain("latlon:0:0,0,90,4,3,60,30")); // 0 to 180 east
+    grid.allocData();
+    const Domain disc("ortho:0:0,0,0,61,61,2.2,2.2"), cone("lamb:90:0:30:60,60,0,91,91,5,5");
+    GridBox box;
+    box.set(grid, disc, 0, 0);
+    EXPECT_TRUE(box.isLocateValid());
+    box.set(grid, disc, 2, 0);
+    EXPECT_FALSE(box.isLocateValid()) << "behind the limb";
+    box.set(grid, cone, 1, 0);
+    EXPECT_TRUE(box.isLocateValid());
+    grid.setDomain(Domain("latlon:0:180,40,180,2,2,10,10")); // 175 to 185 east
+    grid.allocData();
+    box.set(grid, cone, 0, 0);
+    EXPECT_FALSE(box.isLocateValid()) << "over the gap of the cone";
+}
+
+TEST(GridBox, PlacesOfTheGridGoFirst) {
+    Grid grid(2, 2);
+    grid.allocLocate();
+    for (int n = 0; n < 4; n++)
+        grid.setLocate(n % 2, n / 2, Point(static_cast<float>(n), 7));
+    GridBox box;
+    box.set(grid, Domain("latlon:0:0,0,0,37,19,10,10"), 0, 0);
+    EXPECT_EQ(box.getPoint(3).x, 3);
+    EXPECT_EQ(box.getPoint(3).y, 7);
+}
+
+} // namespace
