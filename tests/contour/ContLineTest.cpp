@@ -1,0 +1,268 @@
+#include "ContFixture.h"
+
+#include <cmath>
+
+using namespace ORV;
+
+namespace {
+
+constexpr float none = Const::MISS;
+
+class ContLineTest : public ContTest {
+protected:
+    ContPlot cont{"lab=0:0"};
+
+    /// The levels chosen for a grid with this range.
+    void choose(float min, float max, const char* params) {
+        cont = ContPlot((std::string("lab=0:0,") + params).c_str());
+        Grid grid = makeGrid(2, 2, {min, max, min, max});
+        cont.drawLine(plot, grid);
+    }
+    std::string drawLine(Grid& grid, const char* params = "") {
+        cont.setParam(params);
+        device->take();
+        cont.drawLine(plot, grid);
+        return text(lines());
+    }
+    /// The style of each line that was drawn, by the level it was drawn for.
+    std::vector<int> styles() const {
+        std::vector<int> all;
+        int style = 1;
+        for (const std::string& call : device->calls) {
+            if (call.rfind("style 1 ", 0) == 0)
+                style = std::stoi(call.substr(8));
+            if (call.rfind("line 1 ", 0) == 0)
+                all.push_back(style);
+        }
+        return all;
+    }
+};
+
+TEST_F(ContLineTest, ChoosesRoundLevelsAroundTheRange) {
+    const struct {
+        const char* what;
+        float min, max;
+        const char* params;
+        float conlo, conhi;
+        int num;
+    } rows[] = {
+        {"maximum on a level", 0, 100, "ci=10", 0, 110, 12},
+        {"a base", 0, 100, "ci=10,cb=5", -5, 105, 12},
+        {"maximum on a level of a base", 5, 105, "ci=10,cb=5", 5, 115, 12},
+        {"between", 3, 96, "ci=10", 0, 100, 11},
+        {"negative", -17, -2, "ci=5", -20, 0, 5},
+        {"limits", 0, 100, "ci=10,cb=>22,cb=<58", 20, 60, 5},
+        {"limits that run downward", 0, 100, "ci=10,cb=>80,cb=<20", 20, 80, 7},
+        {"tenths", 0.3f, 0.7f, "ci=0.1", 0.3f, 0.8f, 6},
+        {"flat", 7, 7, "", 7, 8, 2},
+        {"downward interval", 0, 100, "ci=-10", 0, 110, 12},
+        {"by the number of colors", 0, 100, "cof=0-10", 0, 110, 12},
+    };
+    for (const auto& row : rows) {
+        choose(row.min, row.max, row.params);
+        EXPECT_FLOAT_EQ(cont.conlo, row.conlo) << row.what;
+        EXPECT_FLOAT_EQ(cont.conhi, row.conhi) << row.what;
+        EXPECT_EQ(cont.num_cont, row.num) << row.what;
+        EXPECT_FLOAT_EQ(cont.getLevel(2), cont.conlo + 2 * cont.intrvl) << row.what;
+    }
+}
+
+TEST_F(ContLineTest, TooManyLevelsGetAnotherInterval) {
+    const auto warning = [&](float max) {
+        testing::internal::CaptureStderr();
+        choose(0, max, "ci=1,cof=0-10");
+        return testing::internal::GetCapturedStderr();
+    };
+    EXPECT_EQ(warning(148.5f), "");
+    EXPECT_EQ(cont.num_cont, 150);
+    EXPECT_EQ(warning(149.5f), "Contour interval too small, recomputing...\n");
+    EXPECT_EQ(cont.intrvl, 15);
+    EXPECT_EQ(cont.num_cont, 11);
+}
+
+TEST_F(ContLineTest, ExplicitValuesAreTheLevels) {
+    choose(0, 100, "ci=10");
+    cont.setColorFill("0:red,30:blue,35:green");
+    Grid grid = makeGrid(2, 2, {0, 100, 0, 100});
+    cont.drawLine(plot, grid);
+    EXPECT_EQ(cont.num_cont, 3);
+    EXPECT_EQ(cont.conlo, 0);
+    EXPECT_EQ(cont.getLevel(2), 35);
+    EXPECT_EQ(cont.intrvl, none) << "the interval doesn't hold";
+    cont.drawFill(plot, grid);
+    EXPECT_EQ(cont.getLevel(3), 101) << "above what is drawn";
+}
+
+TEST_F(ContLineTest, DrawsASegmentInEachCell) {
+    Grid grid = makeGrid(3, 2, {0, 10, 20, 0, 10, 20});
+    EXPECT_EQ(drawLine(grid, "ci=4"), "0,1 0,0 / 0.4,1 0.4,0 / 0.8,1 0.8,0 / "
+                                      "1.2,1 1.2,0 / 1.6,1 1.6,0 / ")
+        << "cell by cell; the corners on the level 0 are lowered, so that it lies beside them";
+
+    grid = makeGrid(3, 2, {0, 10, none, 0, 10, 20});
+    EXPECT_EQ(drawLine(grid, "ci=4"), "0,1 0,0 / 0.4,1 0.4,0 / 0.8,1 0.8,0 / ");
+    grid = makeGrid(3, 2, {0, 10, INFINITY, 0, 10, 20});
+    EXPECT_EQ(drawLine(grid, "ci=4"), "0,1 0,0 / 0.4,1 0.4,0 / 0.8,1 0.8,0 / ");
+}
+
+TEST_F(ContLineTest, SaddleLinesAreJoinedByTheNearerWay) {
+    // The distances from the corners 1 and 2: 1.6 of 4 at level 4, 2.4 at 6, and 2 at 5.
+    Grid grid = makeGrid(2, 2, {10, 0, 0, 10});
+    cont.setColorFill("4:red");
+    EXPECT_EQ(drawLine(grid), "0.6,1 0,0.4 / 1,0.6 0.4,0 / ");
+    cont.setColorFill("6:red");
+    EXPECT_EQ(drawLine(grid), "0.4,1 1,0.4 / 0.6,0 0,0.6 / ");
+    cont.setColorFill("5:red");
+    EXPECT_EQ(drawLine(grid), "0.5,1 1,0.5 / 0.5,0 0,0.5 / ");
+}
+
+TEST_F(ContLineTest, NothingOfAFlatOrAnEmptyGrid) {
+    Grid flat = makeGrid(3, 3, {7, 7, 7, 7, 7, 7, 7, 7, 7});
+    EXPECT_EQ(drawLine(flat), "");
+    cont.init();
+    Grid empty = makeGrid(3, 2, {none, none, none, none, none, none});
+    EXPECT_EQ(drawLine(empty), "");
+    EXPECT_EQ(cont.num_cont, 0);
+    EXPECT_EQ(cont.intrvl, 1);
+    Grid no_data;
+    EXPECT_EQ(cont.draw(plot, no_data), 1);
+    Grid row = makeGrid("xy:0:0,1,0,3,2,1,1", {1, 2, 3, 4, 5, 6});
+    row.ny = 1;
+    for (const char* type : {"ln", "cf", "lcf", "value"}) {
+        cont.setType(type);
+        EXPECT_EQ(cont.draw(plot, row), 1);
+    }
+}
+
+TEST_F(ContLineTest, HugeValuesDrawOrStayQuiet) {
+    for (const float huge : {3.4e38f, 1e30f, INFINITY}) {
+        Grid grid = makeGrid(3, 2, {-huge, 0, huge, 1, 2, -huge});
+        for (const char* params : {"ln,ci=miss", "ln,ci=1", "lcf,ci=1e-30", "ln,cb=1e30,ci=1"}) {
+            cont = ContPlot(params);
+            testing::internal::CaptureStderr();
+            EXPECT_EQ(cont.draw(plot, grid), 1);
+            testing::internal::GetCapturedStderr();
+            EXPECT_LT(cont.num_cont, 10001);
+            for (const Shape& line : lines())
+                for (const Point& point : line)
+                    EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
+        }
+    }
+}
+
+TEST_F(ContLineTest, DashesLevelsBelowTheBase) {
+    Grid grid = makeGrid(2, 2, {2, 18, 2, 18});
+    const struct {
+        const char* params;
+        std::vector<int> styles; // of the levels 5, 10 and 15
+    } rows[] = {
+        {"ci=5,ln", {1, 1, 1}},
+        {"ci=5,dln", {2, 2, 2}},
+        {"ci=5,ndln,cb=10", {2, 1, 1}},
+        {"ci=5,ndln", {1, 1, 1}},
+        {"ci=5,dln,co=red:st=dot", {5, 5, 5}},
+    };
+    for (const auto& row : rows) {
+        cont = ContPlot("lab=0:0");
+        drawLine(grid, row.params);
+        EXPECT_EQ(styles(), row.styles) << row.params;
+    }
+    // Levels of a fill bring their own style, and their color when the lines ask for it.
+    cont = ContPlot("lab=0:0,co=miss,dln");
+    cont.setColorFill("5:red,10:#0000ff:st=dot,15:green");
+    drawLine(grid);
+    EXPECT_EQ(styles(), (std::vector<int>{2, 5, 2}));
+    EXPECT_EQ(device->count("color 1 16711680"), 1) << "red";
+    EXPECT_EQ(device->count("color 1 255"), 1) << "blue";
+}
+
+TEST_F(ContLineTest, LinesOverTheDateLineShowOnBothSides) {
+    Grid grid;
+    grid.setDomain(Domain("latlon:0:180,0,180,2,2,20,20")); // 170 to 190 east
+    grid.allocData();
+    const float values[] = {0, 0, 10, 10};
+    std::copy_n(values, 4, static_cast<float*>(grid.data));
+    show("latlon:0:0,0,0,181,91,2,2");
+    cont.setColorFill("5:red");
+    EXPECT_EQ(drawLine(grid), "-170,0 -180,0 / 180,0 170,0 / ");
+
+    // Wholly beyond the edge: levels of 172.5 and 187.5 east.
+    const float columns[] = {0, 20, 0, 20};
+    std::copy_n(columns, 4, static_cast<float*>(grid.data));
+    cont.setColorFill("2.5:red,17.5:blue");
+    EXPECT_EQ(drawLine(grid), "172,10 172,-10 / -172,10 -172,-10 / ");
+}
+
+// A plane over the earth: its levels are meridians, wherever the plot shows them.
+TEST_F(ContLineTest, LinesStandInPlaceOnAnotherProjection) {
+    Grid grid;
+    grid.setDomain(Domain("latlon:0:-100,40,-100,41,21,1,1"));
+    grid.allocData();
+    for (int n = 0; n < grid.nx * grid.ny; n++)
+        grid.data[n] = -120.0f + n % grid.nx;
+    show("lamb:90:-98:30:60,40,-98,61,41,1,1");
+    cont.setColorFill("-110.5:red");
+    drawLine(grid);
+    ASSERT_EQ(lines().size(), 20u);
+    for (const Shape& line : lines())
+        for (const Point& point : line) {
+            EarthPoint earth;
+            plot.getDomain().tran(point, earth);
+            EXPECT_NEAR(earth.lon, -110.5, 0.01);
+        }
+}
+
+// An hour of altimeter settings of the contiguous United States, 27 January 2025 22 UTC, by a
+// weighted mean within 5 degrees on 14 by 10 points; its contours by matplotlib 3.6 (contour with
+// corner_mask off): segments, total length, and their middle weighted by length, in grid units from
+// the lower left.
+TEST_F(ContLineTest, ContoursLieWhereAnotherProgramDrawsThem) {
+    const float n = none;
+    Grid grid = makeGrid(14, 10, {1027.9f, 1028.2f, 1025.2f, 1019.3f, 1014.9f, 1011.8f, 1010.1f,
+                                  1006.9f, 1003.3f, 998.6f,  992.5f,  986.8f,  982.5f,  983.0f, //
+                                  1027.2f, 1027.8f, 1026.2f, 1021.5f, 1017.7f, 1013.5f, 1010.3f,
+                                  1006.8f, 1003.8f, 999.3f,  995.2f,  992.5f,  993.0f,  994.3f, //
+                                  1025.4f, 1026.1f, 1025.4f, 1022.1f, 1019.4f, 1015.9f, 1011.6f,
+                                  1008.2f, 1005.6f, 1002.8f, 1001.9f, 1001.4f, 1001.9f, 1001.7f, //
+                                  1021.8f, 1021.9f, 1022.2f, 1020.9f, 1019.0f, 1017.1f, 1014.6f,
+                                  1012.4f, 1010.5f, 1009.3f, 1008.6f, 1008.3f, 1007.8f, 1006.4f, //
+                                  1020.5f, 1020.2f, 1019.1f, 1017.8f, 1017.7f, 1017.4f, 1017.8f,
+                                  1018.0f, 1017.3f, 1016.0f, 1014.3f, 1012.8f, 1011.9f, 1010.4f, //
+                                  1020.2f, 1019.2f, 1018.0f, 1016.3f, 1016.1f, 1018.0f, 1020.6f,
+                                  1021.3f, 1020.8f, 1019.1f, 1017.0f, 1015.4f, 1014.5f, 1014.6f, //
+                                  1019.7f, 1018.6f, 1018.0f, 1016.4f, 1016.2f, 1019.3f, 1021.7f,
+                                  1022.0f, 1021.5f, 1019.6f, 1018.1f, 1017.4f, 1016.5f, 1016.4f, //
+                                  n,       1018.9f, 1018.0f, 1016.2f, 1016.3f, 1020.0f, 1021.4f,
+                                  1021.4f, 1020.8f, 1019.5f, 1019.1f, 1019.3f, 1019.4f, n, //
+                                  n,       n,       1016.5f, 1016.0f, 1015.9f, 1019.5f, 1020.5f,
+                                  1020.2f, 1019.7f, 1019.5f, 1019.6f, 1019.4f, 1019.1f, 1017.5f, //
+                                  n,       n,       n,       1016.2f, 1015.5f, 1019.0f, 1020.6f,
+                                  1018.4f, 1017.4f, 1016.2f, 1018.1f, 1018.2f, 1016.8f, 1015.3f});
+    const struct {
+        const char* level;
+        size_t segments;
+        double length, x, y;
+    } rows[] = {
+        {"1002.05:red", 7, 6.0377, 10.1668, 7.3375},  {"1006.05:red", 8, 7.4640, 9.5218, 6.8679},
+        {"1010.05:red", 10, 8.9939, 8.8469, 6.3599},  {"1014.05:red", 13, 10.6883, 8.1284, 5.8376},
+        {"1018.05:red", 30, 25.7731, 6.3661, 3.5330}, {"1022.05:red", 9, 5.5477, 2.0874, 6.8792},
+        {"1026.05:red", 7, 3.6145, 1.3445, 7.6719},
+    };
+    for (const auto& row : rows) {
+        cont.setColorFill(row.level);
+        drawLine(grid);
+        double length = 0, x = 0, y = 0;
+        for (const Shape& line : lines()) {
+            const double piece = std::hypot(line[1].x - line[0].x, line[1].y - line[0].y);
+            length += piece;
+            x += piece * (line[0].x + line[1].x) / 2;
+            y += piece * (line[0].y + line[1].y) / 2;
+        }
+        EXPECT_EQ(lines().size(), row.segments) << row.level;
+        EXPECT_NEAR(length, row.length, 0.005) << row.level;
+        EXPECT_NEAR(x / length, row.x, 0.002) << row.level;
+        EXPECT_NEAR(y / length, row.y, 0.002) << row.level;
+    }
+}
+
+} // namespace
