@@ -111,7 +111,7 @@ private:
     std::vector<std::unique_ptr<char[]>> blocks; // hold all keys and data
     std::size_t block_size = 0;                  // bytes of the last one
     std::size_t block_used = 0;                  // and those given out
-    bool at_first = false; // first was the last step of the cursor
+    bool at_first = false;                       // first was the last step of the cursor
 };
 
 } // namespace ORV

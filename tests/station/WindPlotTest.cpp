@@ -62,8 +62,7 @@ TEST_F(WindPlotTest, BarbsStandOnTheSideOfLowPressure) {
     // A west wind from the edge of a station circle.
     EXPECT_EQ(drawBarb(270, 2, 0.1f, 0.02f), "line 1 480.0,250.0 400.0,250.0\n");
     // A pennant takes the outer eighth of the staff, and a full barb follows behind it.
-    EXPECT_EQ(drawBarb(0, 60), 
-                               "fill 3 500.0,150.0 550.0,150.0 500.0,162.0 500.0,150.0\n"
+    EXPECT_EQ(drawBarb(0, 60), "fill 3 500.0,150.0 550.0,150.0 500.0,162.0 500.0,150.0\n"
                                "line 1 500.0,174.0 550.0,162.0\n"
                                "line 1 500.0,250.0 500.0,150.0\n");
 }
