@@ -141,8 +141,8 @@ TEST(GridBox, CellOverTheEdgeOfTheWorldIsPutTogetherOnTheRight) {
     EXPECT_EQ(box.getSpan(), 1);
     for (const int right : {1, 3}) {
         const Point corner = box.getPoint(right);
-        EXPECT_NEAR(corner.x / (190 / 90.0 * std::sqrt(63.7122 * 63.7122 - corner.y * corner.y)),
-                    1, 1e-4);
+        EXPECT_NEAR(corner.x / (190 / 90.0 * std::sqrt(63.7122 * 63.7122 - corner.y * corner.y)), 1,
+                    1e-4);
     }
 
     // A coarse cell about the middle of the map is wide, but not torn.

@@ -1,0 +1,245 @@
+#include "ContFixture.h"
+
+using namespace ORV;
+
+namespace {
+
+constexpr float none = Const::MISS;
+
+// Texts come whole from the device, with the place of their middle.
+class ContTextTest : public ContTest {
+protected:
+    ContPlot cont;
+
+    /// The texts drawn, as "place:text" in plot coordinates, one behind the other.
+    std::string texts() {
+        std::string all;
+        for (const std::string& call : device->calls) {
+            float x, y;
+            char words[100];
+            if (std::sscanf(call.c_str(), "text %f,%f %99s", &x, &y, words) != 3)
+                continue;
+            Point point;
+            plot.graph.tranPlotWindow(x, y, point.x, point.y);
+            char item[200];
+            std::snprintf(item, sizeof item, "%.2f,%.2f:%s ", point.x, point.y, words);
+            all += item;
+        }
+        return all;
+    }
+    std::string drawLabels(Grid& grid, const char* params) {
+        prepare(params);
+        cont.drawLineLabels(plot, grid);
+        return texts();
+    }
+    std::string drawExtrema(Grid& grid, const char* params) {
+        prepare(params);
+        cont.drawMaxMin(plot, grid);
+        return texts();
+    }
+    std::string drawValues(Grid& grid, const char* params) {
+        prepare("value");
+        cont.setParam(params);
+        cont.drawValues(plot, grid);
+        return texts();
+    }
+    /// A ramp along the columns or the rows: 10 from point to point.
+    Grid makeRamp(int nx, int ny, bool along_rows) {
+        Grid grid = makeGrid(nx, ny, {});
+        for (int j = 0; j < ny; j++)
+            for (int i = 0; i < nx; i++)
+                grid.setValue(i, j, 10.0f * static_cast<float>(along_rows ? i : ny - 1 - j));
+        return grid;
+    }
+
+private:
+    void prepare(const char* params) {
+        plot.graph.hfont = 1;
+        cont = ContPlot(params);
+        cont.conlo = 5;
+        cont.intrvl = 10;
+        cont.num_cont = 20;
+        device->take();
+    }
+};
+
+TEST_F(ContTextTest, LabelsStandOnColumnsAndRowsOfCells) {
+    // Levels 5, 15, 25, in the middles of the cells. Lines along the rows have their labels in each
+    // skipx-th column, lines along the columns in each skipy-th row.
+    Grid up = makeRamp(4, 4, false), across = makeRamp(4, 4, true);
+    EXPECT_EQ(drawLabels(up, "lab=1:0"), "0.50,2.50:25 1.50,2.50:25 2.50,2.50:25 "
+                                         "0.50,1.50:15 1.50,1.50:15 2.50,1.50:15 "
+                                         "0.50,0.50:5 1.50,0.50:5 2.50,0.50:5 ");
+    EXPECT_EQ(drawLabels(up, "lab=1:0:2:1"), "0.50,2.50:25 2.50,2.50:25 0.50,1.50:15 "
+                                             "2.50,1.50:15 0.50,0.50:5 2.50,0.50:5 ");
+    EXPECT_EQ(drawLabels(up, "lab=1:0:9:9"), "0.50,2.50:25 0.50,1.50:15 0.50,0.50:5 ");
+    EXPECT_EQ(drawLabels(across, "lab=1:0:9:9"), "0.50,2.50:5 1.50,2.50:15 2.50,2.50:25 ");
+    EXPECT_EQ(drawLabels(up, "lab=2:0:9:9"), "0.50,2.50:25 0.50,0.50:5 ") << "each second level";
+    EXPECT_EQ(drawLabels(up, "lab=0:0"), "");
+    EXPECT_EQ(drawLabels(up, "lab=1:0:0:-3").size(), drawLabels(up, "lab=1:0:1:1").size());
+}
+
+TEST_F(ContTextTest, LabelsAreSpacedByTheSizeOfTheGrid) {
+    Grid grid = makeRamp(23, 17, false);
+    drawLabels(grid, "lab=1:0");
+    EXPECT_EQ(cont.skipx, 4);
+    EXPECT_EQ(cont.skipy, 3);
+    grid = makeRamp(4, 4, false);
+    drawLabels(grid, "lab=1:0");
+    EXPECT_EQ(cont.skipx, 1);
+    EXPECT_EQ(cont.skipy, 1);
+}
+
+TEST_F(ContTextTest, MissingValuesHaveNoLabels) {
+    Grid grid = makeRamp(4, 4, false);
+    grid.setValue(1, 1, none);
+    EXPECT_EQ(drawLabels(grid, "lab=1:0"), "2.50,2.50:25 2.50,1.50:15 "
+                                           "0.50,0.50:5 1.50,0.50:5 2.50,0.50:5 ");
+}
+
+TEST_F(ContTextTest, MarksPointsAboveOrBelowAllAround) {
+    const float n = none;
+    const struct {
+        const char* what;
+        std::initializer_list<float> values; // 5 by 3
+        const char* params;
+        const char* marks;
+    } rows[] = {
+        {"one of each",
+         {1, 1, 1, 1, 1, 1, 5, 1, 0, 1, 1, 1, 1, 1, 1},
+         "lab=0:1",
+         "1.00,1.00:H 1.00,0.96:5 3.00,1.00:L 3.00,0.96:0 "},
+        {"only the greater of two within the radius",
+         {1, 1, 1, 1, 1, 1, 5, 1, 6, 1, 1, 1, 1, 1, 1},
+         "lab=0:2",
+         "3.00,1.00:H 3.00,0.96:6 "},
+        {"equal neighbours", {1, 1, 1, 1, 1, 1, 5, 5, 1, 1, 1, 1, 1, 1, 1}, "lab=0:1", ""},
+        {"at a corner",
+         {9, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1},
+         "lab=0:2",
+         "0.00,2.00:H 0.00,1.96:9 "},
+        {"one missing neighbour",
+         {1, n, 1, 1, 1, 1, 5, 1, 1, 1, 1, 1, 1, 1, 1},
+         "lab=0:1",
+         "1.00,1.00:H 1.00,0.96:5 "},
+        {"two missing neighbours", {1, n, 1, 1, 1, 1, 5, n, 1, 1, 1, 1, 1, 1, 1}, "lab=0:1", ""},
+        {"no extrema wanted", {1, 1, 1, 1, 1, 1, 5, 1, 0, 1, 1, 1, 1, 1, 1}, "lab=2:0", ""},
+        {"a radius beyond the grid",
+         {1, 1, 1, 1, 1, 1, 5, 1, 1, 1, 1, 1, 1, 1, 1},
+         "lab=0:2000000000",
+         "1.00,1.00:H 1.00,0.96:5 "},
+    };
+    for (const auto& row : rows) {
+        Grid grid = makeGrid(5, 3, row.values);
+        EXPECT_EQ(drawExtrema(grid, row.params), row.marks) << row.what;
+    }
+}
+
+TEST_F(ContTextTest, LettersAreLargerThanTheirValues) {
+    Grid grid = makeGrid(5, 3, {1, 1, 1, 1, 1, 1, 5, 1, 1, 1, 1, 1, 1, 1, 1});
+    cont = ContPlot("lab=0:1,sc=0.5");
+    device->take();
+    cont.drawMaxMin(plot, grid);
+    // In strokes: the H around its point, and the 5 below.
+    double low[2] = {9, 9}, high[2] = {-9, -9};
+    for (const Shape& stroke : drawn("line 4"))
+        for (const Point& point : stroke) {
+            const bool is_value = point.y < 0.98;
+            low[is_value] = std::min<double>(low[is_value], point.y);
+            high[is_value] = std::max<double>(high[is_value], point.y);
+        }
+    // Capitals are as high as the text: 0.02 and 0.015 of the plot's height of 2, and half of it.
+    EXPECT_NEAR(high[0] - low[0], 0.020, 0.002);
+    EXPECT_NEAR(high[1] - low[1], 0.015, 0.0015);
+    EXPECT_NEAR((high[0] + low[0]) / 2, 1, 0.002);
+    EXPECT_NEAR((high[1] + low[1]) / 2, 0.96, 0.002);
+}
+
+TEST_F(ContTextTest, ColorsComeFromTheFillWhenLinesTakeThemFromThere) {
+    Grid grid = makeRamp(4, 4, false);
+    plot.graph.hfont = 1;
+    cont = ContPlot("co=miss,lab=1:1:9:9,ln");
+    cont.setColorFill("0:#FF0000,15:#0000FF");
+    device->take();
+    cont.draw(plot, grid);
+    std::string colors;
+    for (const std::string& call : device->calls)
+        if (call.rfind("color 4", 0) == 0 || call.rfind("text ", 0) == 0)
+            colors += (call[0] == 'c' ? call.substr(8) : call.substr(call.rfind(' ') + 1)) + " ";
+    EXPECT_NE(colors.find("255 15"), std::string::npos) << colors;
+
+    const struct {
+        const char* params;
+        const char* resource; // for the fill's labels
+        const char* color;
+    } rows[] = {
+        {"ln,co=#00FF00,lab=1:0:9:9", nullptr, "color 4 65280"},
+        {"ln,co=#00FF00,cola=#FF0000,lab=1:0:9:9", nullptr, "color 4 16711680"},
+        {"cf,co=#00FF00,lab=1:0:9:9", "#0000FF", "color 4 255"},
+    };
+    for (const auto& row : rows) {
+        Orv::resrc.clear();
+        if (row.resource)
+            Orv::setResrc("color_flabel", row.resource);
+        cont = ContPlot(row.params);
+        cont.setInterval(10);
+        plot.setText("white");
+        device->take();
+        cont.draw(plot, grid);
+        EXPECT_GE(device->count(row.color), 1) << row.params;
+    }
+}
+
+TEST_F(ContTextTest, ValuesStandAtTheirPoints) {
+    Grid grid = makeGrid(3, 2, {1, none, 1013.25f, -4.5f, 0.001234f, 120});
+    EXPECT_EQ(drawValues(grid, ""), "0.00,1.00:1 2.00,1.00:1013 0.00,0.00:-4.5 "
+                                    "1.00,0.00:0.00123 2.00,0.00:120 ");
+    EXPECT_EQ(drawValues(grid, "fm=%.0f"), "0.00,1.00:1 2.00,1.00:1013 0.00,0.00:-4 "
+                                           "1.00,0.00:0 2.00,0.00:120 ");
+    for (const char* bad : {"fm=%s", "fm=%n", "fm=%f%f", "fm=x"}) {
+        EXPECT_EQ(drawValues(grid, bad).substr(0, 11), "0.00,1.00:1") << bad;
+        EXPECT_STREQ(cont.tform, "") << bad;
+    }
+
+    // With a fill of values a point has its color, or none and then no text.
+    plot.graph.hfont = 1;
+    cont = ContPlot("value");
+    cont.setColorFill("0:#FF0000,100:#0000FF");
+    device->take();
+    cont.drawValues(plot, grid);
+    EXPECT_EQ(texts(), "0.00,1.00:1 2.00,1.00:1013 1.00,0.00:0.00123 2.00,0.00:120 ");
+    EXPECT_EQ(device->count("color 4 16711680"), 2);
+    EXPECT_EQ(device->count("color 4 255"), 2);
+}
+
+TEST_F(ContTextTest, LabelsTellTitleDateAndRange) {
+    Grid grid = makeGrid(2, 2, {3.14159f, 5, none, 1018.4f});
+    grid.setInfo("Pressure (mb)");
+    grid.setDatim("1200Z");
+    grid.setDate(Date("2025-01-27T22"));
+    grid.setForeTime("12hr");
+    grid.setGenName("analysis");
+    cont = ContPlot("ci=4");
+    cont.drawLabels(plot, grid);
+    ASSERT_EQ(plot.num_labels, 3);
+    EXPECT_STREQ(plot.labels[0].text, "Pressure (mb)");
+    EXPECT_STREQ(plot.labels[1].text, "1200Z");
+    EXPECT_STREQ(plot.labels[2].text, "Int: 4 Lo: 3.14 Hi: 1018");
+    EXPECT_EQ(plot.date.get(), Date("2025-01-27T22").get());
+    EXPECT_EQ(plot.fore_hour, 12);
+    EXPECT_STREQ(plot.source, "analysis");
+
+    plot.clearLabels();
+    grid.setGenName("another");
+    cont.setInterval(none);
+    cont.drawLabels(plot, grid);
+    EXPECT_STREQ(plot.labels[2].text, "Lo: 3.14 Hi: 1018");
+    EXPECT_STREQ(plot.source, "analysis") << "the first one stays";
+
+    plot.clearLabels();
+    grid.allocData();
+    cont.drawLabels(plot, grid);
+    EXPECT_EQ(plot.num_labels, 2) << "no range of an empty grid";
+}
+
+} // namespace
