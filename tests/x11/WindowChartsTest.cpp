@@ -1,0 +1,105 @@
+// Loops of full charts: real hours, with station models on the map.
+#include "XFixture.h"
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+
+using namespace ORV;
+
+namespace {
+constexpr const char* cache = ORV_SHARED_DATA "/metars-20250127-2225.csv";
+constexpr double patience = 90; // seconds for many charts under the sanitizers
+
+class WindowCharts : public XFixture {
+protected:
+    std::unique_ptr<Process> startCharts(const char* hours, const char* now) {
+        return startTool(
+            {"-dr", "all", "-va", "station", "-pd", "oklahoma", "-nh", hours, "-de", "w,show_num"},
+            {{"orvcurtime", now}});
+    }
+    // The frame that the title tells, -1 for none.
+    int getShown(unsigned long window) {
+        int frame = -1;
+        std::sscanf(getTitle(window).c_str(), "%*[^[][%d]", &frame);
+        return frame;
+    }
+    // Processor time that a process took, in seconds, and the memory that it holds, in pages.
+    static double getSeconds(int pid) {
+        std::ifstream in("/proc/" + std::to_string(pid) + "/stat");
+        std::string word;
+        double ticks = 0;
+        for (int i = 1; i <= 15 && in >> word; i++)
+            if (i >= 14)
+                ticks += std::atof(word.c_str());
+        return ticks / sysconf(_SC_CLK_TCK);
+    }
+    static long getPages(int pid) {
+        std::ifstream in("/proc/" + std::to_string(pid) + "/statm");
+        long total = 0, resident = 0;
+        in >> total >> resident;
+        return resident;
+    }
+    // The example hour under another date.
+    void copyHour(long time) {
+        const std::time_t seconds = time;
+        std::tm utc = {};
+        gmtime_r(&seconds, &utc);
+        char name[40], header[40];
+        std::strftime(name, sizeof name, "/%Y%m%d%H_sfc.cvt", &utc);
+        std::strftime(header, sizeof header, "%HZ %d %b %y", &utc);
+        std::ifstream in(ORV_DATA "/../examples/2025012722_sfc.cvt");
+        std::ofstream out(directory + name);
+        std::string line;
+        for (int i = 0; std::getline(in, line); i++)
+            out << (i == 1 ? header : line) << "\n";
+    }
+};
+} // namespace
+
+TEST_F(WindowCharts, TwoRealHoursAlternate) {
+    if (!std::filesystem::exists(cache))
+        GTEST_SKIP() << "no " << cache;
+    ASSERT_EQ(Process({ORV_IMPORTER, "-o", ".", cache}, directory, directory + "/import.log", {})
+                  .wait(60),
+              0);
+    const auto tool = startCharts("1", "202501272230");
+    const unsigned long window = findWindow();
+    ASSERT_TRUE(eventually([&] { return getShown(window) == 1; }, patience));
+    Picture frames[2];
+    for (int round = 0; round < 2; round++)
+        for (const int frame : {0, 1}) {
+            Picture shown;
+            ASSERT_TRUE(eventually([&] {
+                shown = look(window);
+                return getShown(window) == frame && look(window) == shown;
+            }));
+            if (round == 1) {
+                EXPECT_TRUE(shown == frames[frame]) << "frame " << frame << " changed";
+            }
+            frames[frame] = shown;
+        }
+    EXPECT_FALSE(frames[0] == frames[1]);
+    EXPECT_GT(frames[1].count(isRed), 20) << "temperatures of the stations";
+    EXPECT_GT(frames[1].count(isRed), frames[0].count(isRed)) << "the second hour has more reports";
+}
+
+TEST_F(WindowCharts, LoopOfADayStepsWithoutDrawing) {
+    for (int i = 0; i < 24; i++)
+        copyHour(noon - i * hour);
+    const auto tool = startCharts("23", "202501271230");
+    const unsigned long window = findWindow();
+    ASSERT_TRUE(eventually([&] { return getShown(window) == 23; }, patience));
+    const double drawing = getSeconds(tool->pid);
+    const long pages = getPages(tool->pid);
+    const int before = getShown(window);
+    pause(4);
+    EXPECT_TRUE(eventually([&] { return getShown(window) != before; })) << "the loop stands";
+    // Some eight steps took less than a chart does.
+    EXPECT_LT(getSeconds(tool->pid) - drawing, std::max(0.1, drawing / 24));
+    EXPECT_LT(getPages(tool->pid) - pages, 200);
+}
