@@ -22,7 +22,7 @@ constexpr char levels[] = "10"; // interval that makes 20 levels of the field
 Grid makeGrid(int refinement) {
     Grid grid;
     char text[120];
-    std::snprintf(text, sizeof text, "pol:90:-98,40,-98,%d,%d,%g,%g", coarse_nx * refinement,
+    std::snprintf(text, sizeof text, "polar:90:-98,40,-98,%d,%d,%g,%g", coarse_nx * refinement,
                   coarse_ny * refinement, 0.6 / refinement, 0.6 / refinement);
     grid.setDomain(Domain(text));
     grid.allocData();
