@@ -67,14 +67,6 @@ TEST(ResrcCL, TellsOptionsFromArguments) {
     }
 }
 
-TEST(ResrcCL, ComparesKeys) {
-    EXPECT_EQ(ResrcCL::compare("na", "name", "na"), 2);
-    EXPECT_EQ(ResrcCL::compare("nam", "name", "na"), 1);
-    EXPECT_EQ(ResrcCL::compare("names", "name", "na"), 0);
-    EXPECT_EQ(ResrcCL::compare("NA", "name", "na"), 0);
-    EXPECT_EQ(ResrcCL::compare("", "name", "na"), 0);
-}
-
 TEST_F(ResrcEnvTest, TriesTheComposedNameFirst) {
     String value;
     Resrc store;
@@ -138,13 +130,6 @@ TEST_F(ResrcDBTest, OptionsGoByShortNameThenByTheirBeginning) {
     EXPECT_EQ(getAfter({"-h", "word"}, "help"), "word");
 }
 
-TEST_F(ResrcDBTest, FileNamesGatherInOneSetting) {
-    setVariable("orvfilenm", "from environment");
-    EXPECT_EQ(getAfter({"-pd", "us", "foo.dat", "bar.dat"}, "filename"), "foo.dat\nbar.dat");
-    EXPECT_STREQ(Orv::getResrc("plot_domain"), "us");
-    EXPECT_EQ(getAfter({}, "filename"), "from environment");
-}
-
 TEST_F(ResrcDBTest, NameAndPathSteerTheFiles) {
     writeFile("a.cfg", "obschart.title day\nnight.title dark\nobschart.night.title both\n");
     EXPECT_EQ(getAfter({"-df", "a.cfg"}, "title"), "day");
@@ -165,12 +150,6 @@ TEST_F(ResrcDBTest, FilesOfThePathShareTags) {
     EXPECT_STREQ(Orv::getResrc("label"), "second");
     writeFile("c.cfg", "*.title later\n");
     EXPECT_EQ(getAfter({"-df=a.cfg:c.cfg"}, "title"), "later");
-}
-
-TEST_F(ResrcDBTest, AppliesMessagesAndDatabasePath) {
-    create({"-me=warn", "-fp", "/data:/more"});
-    EXPECT_EQ(Orv::message_mask, 7);
-    EXPECT_STREQ(Orv::getDatabasePath(), "/data:/more");
 }
 
 TEST_F(ResrcDBTest, WildcardsMatchSeveralSettings) {
@@ -194,13 +173,4 @@ TEST_F(ResrcDBTest, HelpListsTheSettings) {
                                                       " -me level    Message level\n"
                                                       "Positional options...\n"
                                                       " filenames... Filenames\n");
-}
-
-TEST(ResrcDB, ProgramNameIsBehindTheLastSlash) {
-    String name;
-    ResrcDB::decodeProgramName("/usr/bin/obschart", name);
-    EXPECT_STREQ(name.get(), "obschart");
-    ResrcDB::decodeProgramName("obschart", name);
-    EXPECT_STREQ(name.get(), "obschart");
-    EXPECT_EQ(ResrcDB::decodeProgramName(nullptr, name), 0);
 }

@@ -90,16 +90,6 @@ TEST(Scan, ReadsRecords) {
     EXPECT_EQ(minute, 7);
 }
 
-TEST(Scan, StopsAtTheFirstMismatch) {
-    float a = -1, b = -1, c = -1;
-    EXPECT_EQ(Scan::text("10-30", "%f-%f/%f", &a, &b, &c), 2);
-    EXPECT_EQ(c, -1);
-    EXPECT_EQ(Scan::text("", "%f", &a), 0);
-    EXPECT_EQ(Scan::text(nullptr, "%f", &a), 0);
-    EXPECT_EQ(Scan::text("x 5", "y %f", &a), 0);
-    EXPECT_EQ(a, 10);
-}
-
 TEST(Format, AcceptsTheExpectedConversionsOnly) {
     const struct {
         const char *format, *kinds;

@@ -1,7 +1,5 @@
 #include "ORV/Strings.h"
 
-#include "ORV/Const.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -30,19 +28,15 @@ TEST(Strings, SplitsAtDelimiters) {
         {"a,b,c", -1, {"a", "b", "c"}, "plain"},
         {"a,,b", -1, {"a", "", "b"}, "empty field"},
         {"a,", -1, {"a", ""}, "delimiter at the end"},
-        {",", -1, {"", ""}, "delimiter alone"},
         {"", -1, {}, "empty text"},
         {"\"a,b\",c", -1, {"a,b", "c"}, "quoted"},
-        {"c,\"a,b\"", -1, {"c", "a,b"}, "quoted at the end"},
         {"x\"a,b\"", -1, {"x\"a", "b\""}, "quote inside a field"},
         {"\"a\"b,c\",d", -1, {"a\"b,c", "d"}, "quote that no delimiter follows"},
         {"\"a,b", -1, {"\"a,b"}, "quote left open"},
         {"\"\",b", -1, {"", "b"}, "quoted empty field"},
         {"\"", -1, {"\""}, "quote alone"},
         {"a,b,c", 2, {"a", "b,c"}, "rest in the last field"},
-        {"a,b,c", 3, {"a", "b", "c"}, "limit just reached"},
         {"a,\"b,c\",\"d\"", 2, {"a", "\"b,c\",\"d\""}, "rest keeps its quotes"},
-        {"\"a,b\",c", 1, {"\"a,b\",c"}, "one field"},
     };
     for (const auto& c : cases) {
         const Strings list(c.text, ',', c.maxfields);
@@ -78,27 +72,6 @@ TEST(Strings, SetReplacesAllEvenByItsOwnField) {
     EXPECT_EQ(list.getNum(), 0);
 }
 
-TEST(Strings, ReadsParameters) {
-    const Strings list("ct=file,co=,ct,size=12.5x,n=-3", ',');
-    EXPECT_STREQ(list.getStringAfter(0, '='), "file");
-    EXPECT_STREQ(list.getStringAfter(1, '='), "");
-    EXPECT_EQ(list.getStringAfter(2, '='), nullptr);
-    EXPECT_EQ(list.getStringAfter(9, '='), nullptr);
-    EXPECT_EQ(list.getFloatAfter(3, '='), 12.5f);
-    EXPECT_EQ(list.getIntAfter(4, '='), -3);
-    EXPECT_EQ(list.getIntAfter(1, '='), Const::MISS);
-    EXPECT_EQ(list.getInt(4, 3), 3);
-    EXPECT_STREQ(list.getString(0, 3), "file");
-    EXPECT_EQ(list.getString(0, 7), nullptr);
-    EXPECT_EQ(list.getString(0, -1), nullptr);
-    EXPECT_FALSE(list.valid(-1));
-    EXPECT_TRUE(list.equal(0, 3, "file"));
-    EXPECT_TRUE(list.equal(3, "si", 2));
-    EXPECT_TRUE(list.iequal(0, "CT=FILE"));
-    EXPECT_EQ(list.find("ct"), 2);
-    EXPECT_EQ(list.find("none"), -1);
-}
-
 TEST(Strings, EditsKeepTheirGaps) {
     Strings list;
     EXPECT_EQ(list.add(""), 0);
@@ -114,10 +87,4 @@ TEST(Strings, EditsKeepTheirGaps) {
     list.clear();
     EXPECT_STREQ(copied.getString(33), "a");
     EXPECT_EQ(list.getString(0), nullptr);
-}
-
-TEST(Strings, ArgumentsStayWhereTheyWere) {
-    const char* argv[] = {"prog", "", "x"};
-    const Strings list(3, argv);
-    EXPECT_EQ(fieldsOf(list), (Fields{"prog", "", "x"}));
 }
