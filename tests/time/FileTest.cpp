@@ -4,8 +4,6 @@
 
 #include "TempDir.h"
 #include <gtest/gtest.h>
-#include <pwd.h>
-#include <unistd.h>
 
 #include <string>
 
@@ -119,24 +117,6 @@ TEST(File, PipesWriteOnly) {
     }
 }
 
-TEST(File, StandardStreamsStayOpen) {
-    testing::internal::CaptureStdout();
-    {
-        File out("-", "w");
-        EXPECT_EQ(out.stype, 1);
-        out.printf("one ");
-    }
-    File again("STD", "w");
-    again.printf("two");
-    again.close();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "one two");
-    File in("-", "r");
-    EXPECT_EQ(in.getFP(), stdin);
-    EXPECT_EQ(in.rewind(), 0);
-    in.close();
-    EXPECT_GE(fileno(stdin), 0);
-}
-
 TEST(File, WhatCantBeOpened) {
     const TempDir dir;
     File file;
@@ -181,49 +161,6 @@ TEST(FileTool, FindsAlongAList) {
     EXPECT_EQ(out.get(), dir.path + "/b/new");
     EXPECT_EQ(FileTool::addOutPath("/no/such:/neither", "new", out), 0);
     EXPECT_STREQ(out.get(), "/neither/new");
-}
-
-TEST(FileTool, QuestionsAboutNames) {
-    const TempDir dir;
-    const std::string path = dir.write("f", "12345");
-    EXPECT_EQ(FileTool::getSize(path.c_str()), 5);
-    EXPECT_NEAR(double(FileTool::getModTime(path.c_str())), double(time(nullptr)), 100);
-    EXPECT_TRUE(FileTool::isFile(path.c_str()));
-    EXPECT_TRUE(FileTool::isDir(dir.path.c_str()));
-    EXPECT_TRUE(FileTool::isDevice("/dev/null"));
-    EXPECT_FALSE(FileTool::isFifo(path.c_str()));
-    EXPECT_EQ(FileTool::remove(path.c_str()), 1);
-    EXPECT_EQ(FileTool::remove(dir.path.c_str()), 0) << "no folder";
-    EXPECT_FALSE(FileTool::exist(path.c_str()));
-    EXPECT_EQ(FileTool::getSize(path.c_str()), -1);
-    EXPECT_EQ(FileTool::getModTime(path.c_str()), -1);
-    EXPECT_TRUE(FileTool::exist("stdN"));
-    EXPECT_FALSE(FileTool::exist(nullptr));
-    EXPECT_FALSE(FileTool::isStdio("stdin"));
-    EXPECT_TRUE(FileTool::isFullPath("~/x"));
-    EXPECT_TRUE(FileTool::isFullPath("http://x"));
-    EXPECT_FALSE(FileTool::isFullPath("x/y"));
-}
-
-TEST(FileTool, HomeDirectories) {
-    const passwd* me = getpwuid(getuid());
-    ASSERT_NE(me, nullptr);
-    const std::string home = me->pw_dir;
-    const std::string user = me->pw_name;
-    const struct {
-        std::string name, path;
-    } cases[] = {
-        {"~/x", home + "/x"},
-        {"~", home},
-        {"~" + user + "/x", home + "/x"},
-        {"~no_such_user_here/x", "~no_such_user_here/x"},
-        {"/a/~/x", "/a/~/x"},
-    };
-    for (const auto& c : cases) {
-        String out;
-        FileTool::addUserPath(c.name.c_str(), out);
-        EXPECT_EQ(out.get(), c.path);
-    }
 }
 
 TEST(FileTool, MakesTheFoldersOfAPath) {

@@ -76,28 +76,6 @@ TEST_F(FilenameCase, MeaningOfAnInput) {
     }
 }
 
-TEST_F(FilenameCase, WithoutAConventionAllIsLiteral) {
-    Filename plain;
-    EXPECT_EQ(plain.setFile("la"), 0);
-    EXPECT_STREQ(plain.getName(), "la");
-    EXPECT_TRUE(plain.isFixed());
-    EXPECT_TRUE(plain.isSet());
-    EXPECT_EQ(plain.setFile(0), 1);
-    EXPECT_EQ(plain.setFile(1), 0);
-
-    files.setNameConv("@/obs/%Y%m%d.dat");
-    files.setFile("/obs/20070112.dat");
-    EXPECT_TRUE(files.isFixed()) << "two full paths";
-    EXPECT_EQ(Filename(dir.path.c_str()).exist(), true);
-}
-
-TEST_F(FilenameCase, AConventionWithoutTimeIsFixed) {
-    files.setNameConv("@%D/newest.dat");
-    files.setFile("newest.dat");
-    EXPECT_EQ(name(), "newest.dat");
-    EXPECT_TRUE(files.isFixed());
-}
-
 TEST_F(FilenameCase, SeveralFilesAreFrames) {
     EXPECT_EQ(files.setFile("a,b,c"), 0);
     EXPECT_EQ(files.getNumFiles(), 3);
@@ -127,18 +105,6 @@ TEST_F(FilenameCase, SelectsFromTheResources) {
     EXPECT_EQ(files.setFile(), 1);
     EXPECT_EQ(files.getOffset(), 7200) << "the file name is a convention";
     EXPECT_EQ(name(), "2007011216.dat");
-}
-
-TEST_F(FilenameCase, NamesOfTheCommandLineComeInLines) {
-    Orv::putResrc("filename", "a,1.dat\nb\nnh=3");
-    EXPECT_EQ(files.setFile(), 0);
-    EXPECT_EQ(files.getNumFiles(), 3);
-    EXPECT_STREQ(files.getName(), "a,1.dat");
-    EXPECT_EQ(files.setFile(2), 1);
-    EXPECT_STREQ(files.getName(), "nh=3") << "no entry of hours in the resource";
-    EXPECT_EQ(files.setFile(""), 0);
-    EXPECT_EQ(files.getNumFiles(), 3);
-    EXPECT_STREQ(files.getName(), "a,1.dat");
 }
 
 TEST_F(FilenameCase, FramesCountFromTheBaseDate) {
@@ -171,36 +137,6 @@ TEST_F(FilenameCase, FramesCountFromTheBaseDate) {
     EXPECT_GT(files.getNumFiles(), 500000);
     files.setNumFiles(-4);
     EXPECT_EQ(files.num_dir * files.num_file, -4);
-}
-
-TEST_F(FilenameCase, DatesSelectFiles) {
-    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 11, 20, 0)), 1);
-    EXPECT_EQ(name(), "2007011211.dat");
-    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 12, 20, 0)), 0);
-    EXPECT_EQ(name(), "2007011212.dat") << "a date without a file has its name";
-    EXPECT_EQ(files.setFile(Date()), 0);
-
-    Orv::init_time = 0;
-    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 16, 59, 0), ""), 1) << "whatever the time is";
-    EXPECT_EQ(name(), "2007011216.dat");
-    EXPECT_EQ(files.setFile(Date(2007, 1, 12, 17, 0, 0), ""), 0) << "no file before it";
-    EXPECT_EQ(name(), "2007011217.dat");
-
-    files.setFile("@literal");
-    files.setFile(Date(2007, 1, 12, 16, 0, 0));
-    EXPECT_EQ(name(), "literal");
-}
-
-TEST_F(FilenameCase, OneCallForms) {
-    Filename latest("@%D/%Y%m%d%h.dat", "la");
-    EXPECT_EQ(latest.getName(), dir.path + "/2007011216.dat");
-    EXPECT_TRUE(latest.isSet());
-    const Filename dated("@%D/%Y%m%d%h.dat", Date(2007, 1, 1, 6, 0, 0));
-    EXPECT_EQ(dated.getName(), dir.path + "/2007010106.dat");
-    EXPECT_EQ(dated.getOffset(), 3600);
-    latest.setName("out");
-    latest.addOutPath(("/none:" + dir.path).c_str());
-    EXPECT_EQ(latest.getName(), dir.path + "/out");
 }
 
 TEST_F(FilenameCase, ListAndExitEndTheProgram) {

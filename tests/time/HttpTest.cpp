@@ -104,15 +104,6 @@ TEST_F(Http, LongFilesArriveWhole) {
     EXPECT_EQ(file.skipLine(), 0);
 }
 
-TEST_F(Http, ReadsIntoBuffers) {
-    File file(server.url("/long").c_str(), "r");
-    Buffer some(10);
-    EXPECT_EQ(file.read(some), 10);
-    EXPECT_TRUE(some.equal(0, "report 0\nr"));
-    EXPECT_EQ(file.read(some, 200000), 200010);
-    EXPECT_EQ(file.read(line, 4, 3), 3) << "items";
-}
-
 TEST_F(Http, OnlyWhatIsntReadYetIsKept) {
     const std::string block(100000, 'x');
     std::string body;
@@ -165,19 +156,6 @@ TEST_F(Http, DeadPortIsNoFile) {
     EXPECT_FALSE(FileTool::exist(url.c_str()));
     EXPECT_EQ(FileTool::getSize(url.c_str()), -1);
     EXPECT_EQ(readAll(url), "");
-}
-
-TEST_F(Http, OnlyReading) {
-    File file(server.url("/obs").c_str(), "w");
-    EXPECT_FALSE(file.isOpen());
-    file.open(server.url("/obs").c_str(), "r");
-    EXPECT_EQ(file.write("x", 1), -1);
-    EXPECT_EQ(file.seek(0), 0);
-    EXPECT_EQ(file.tell(), -1);
-    testing::internal::CaptureStderr();
-    int number = 0;
-    EXPECT_EQ(file.scanf("%d", &number), -1);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "scanf not supported\n");
 }
 
 TEST_F(Http, SearchesFindRemoteFiles) {
