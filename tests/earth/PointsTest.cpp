@@ -1,9 +1,6 @@
 #include "ORV/Points.h"
 
-#include "ORV/Angle.h"
-#include "ORV/Coords.h"
 #include "ORV/EarthPoints.h"
-#include "ORV/GeomBox.h"
 #include "ORV/GridPoints.h"
 
 #include <gtest/gtest.h>
@@ -25,84 +22,11 @@ Points makePoints(const std::vector<XY>& vertices) {
     return points;
 }
 
-std::vector<float> xs(const Points& points) {
-    return std::vector<float>(points.x + 0, points.x + points.num);
-}
-
 const std::vector<XY> triangle = {{0, 0}, {4, 0}, {2, 4}, {0, 0}};
 // A frame open to the right, like a C: the middle of its box is outside.
 const std::vector<XY> letter_c = {{0, 0}, {6, 0}, {6, 2}, {2, 2}, {2, 6},
                                   {6, 6}, {6, 8}, {0, 8}, {0, 0}};
 } // namespace
-
-TEST(Records, CornersAreSortedOrKept) {
-    const Rect sorted(5, 6, 1, 2);
-    EXPECT_EQ(sorted.xmin, 1);
-    EXPECT_EQ(sorted.ymin, 2);
-    EXPECT_EQ(sorted.xmax, 5);
-    EXPECT_EQ(sorted.ymax, 6);
-    Rect kept;
-    kept.setu(5, 6, 1, 2);
-    EXPECT_EQ(kept.xmin, 5);
-    EXPECT_EQ(kept.ymax, 2);
-    const Coords coords(5, 6, 1, 2);
-    EXPECT_EQ(coords.dx, -4);
-    EXPECT_EQ(coords.dy, -4);
-}
-
-TEST(Records, StartMissingExceptTheScreenBox) {
-    EXPECT_EQ(Rect().xmax, Const::MISS);
-    EXPECT_EQ(EarthRange().max_lon, Const::MISS);
-    EXPECT_EQ(Coords().dy, Const::MISS);
-    EXPECT_EQ(Point(1, 2).z, Const::MISS);
-    EXPECT_EQ(EarthPoint(1, 2).elev, Const::MISS);
-    EXPECT_EQ(Angle().sin_val, Const::MISS);
-    EXPECT_EQ(GeomBox().width, 0);
-}
-
-TEST(Records, SettingTwoCoordinatesKeepsTheThird) {
-    Point p(1, 2, 3);
-    p.set(4, 5);
-    EXPECT_EQ(p.z, 3);
-    const Point between = Point::interp(p, Point(8, 9, 3), 0.25f);
-    EXPECT_EQ(between.x, 5);
-    EXPECT_EQ(between.y, 6);
-    EXPECT_EQ(between.z, Const::MISS);
-}
-
-TEST(PointList, AlwaysGrows) {
-    Points points(0);
-    for (int i = 0; i < 40; i++)
-        EXPECT_EQ(points.add(static_cast<float>(i), 0), 1);
-    EXPECT_EQ(points.num, 40);
-    EXPECT_EQ(points.getX(39), 39);
-
-    const Points copy{Points(0)};
-    Points again = copy;
-    EXPECT_EQ(again.max, 0);
-    again.add(Point(1, 2));
-    EXPECT_EQ(again.getY(0), 2);
-    again.add(0);
-    EXPECT_EQ(again.num, 2);
-}
-
-TEST(PointList, CapacityFollowsItsRules) {
-    Points points(20);
-    GridPoints grid(20);
-    EarthPoints earth(20);
-    for (int i = 0; i < 21; i++) {
-        points.add(1, 1);
-        grid.add(1, 1);
-        earth.add(1, 1);
-    }
-    EXPECT_EQ(points.max, 30);
-    EXPECT_EQ(grid.max, 30);
-    EXPECT_EQ(earth.max, 30);
-    points = Points(points);
-    EXPECT_EQ(points.max, 21);
-    points.add(Point(1, 1));
-    EXPECT_EQ(points.max, 31);
-}
 
 TEST(PointList, IndexesCountFromTheEndOnlyInGet) {
     Points points = makePoints({{1, 1}, {2, 2}, {3, 3}});
@@ -120,33 +44,6 @@ TEST(PointList, IndexesCountFromTheEndOnlyInGet) {
     EXPECT_EQ(points.offset(3, 1, 1), 0);
     EXPECT_EQ(points.remove(-1), 0);
     EXPECT_EQ(points.num, 3);
-}
-
-TEST(PointList, InsertsAndRemovesInPlace) {
-    Points points = makePoints({{1, 1}, {2, 2}, {3, 3}});
-    points.insert(100, 4, 4);
-    points.insert(-5, 0, 0);
-    points.insert(2, Point(1.5f, 1.5f));
-    EXPECT_EQ(xs(points), (std::vector<float>{0, 1, 1.5f, 2, 3, 4}));
-    points.remove(0);
-    points.remove(4);
-    points.offset(10, 0);
-    EXPECT_EQ(xs(points), (std::vector<float>{11, 11.5f, 12, 13}));
-    points.copy(points, 1, 2);
-    EXPECT_EQ(xs(points), (std::vector<float>{11.5f, 12}));
-    points.expand(1);
-    EXPECT_EQ(points.num, 1);
-}
-
-TEST(PointList, CopiesAreDeep) {
-    EarthPoints a(3);
-    a.add(10, 20);
-    EarthPoints b = a;
-    b.set(0, 30, 40);
-    EXPECT_EQ(a.getLat(0), 10);
-    b = a;
-    a.set(0, 50, 60);
-    EXPECT_EQ(b.getLon(0), 20);
 }
 
 TEST(Polygon, NeedsItsFirstPointAgain) {
@@ -200,23 +97,6 @@ TEST(Polygon, CenterLiesInside) {
     Points few = makePoints({{0, 0}, {1, 1}});
     EXPECT_EQ(few.getCenter(center), 0);
     EXPECT_EQ(center.x, Const::MISS);
-}
-
-TEST(Polygon, CenterOfAnOpenChainUsesTheClosingEdge) {
-    // The edge from (4,6) down to (4,0) isn't in the list; y = 3 meets it at x = 4.
-    Point center;
-    EXPECT_EQ(makePoints({{4, 0}, {0, 0}, {0, 6}, {4, 6}}).getCenter(center), 1);
-    EXPECT_EQ(center.x, 2);
-    EXPECT_EQ(center.y, 3);
-}
-
-TEST(Polygon, CentroidCountsTheClosingPointOnce) {
-    Point center;
-    EXPECT_EQ(makePoints({{1, 1}, {3, 1}, {3, 3}, {1, 3}, {1, 1}}).getCentroid(center), 1);
-    EXPECT_EQ(center.x, 2);
-    EXPECT_EQ(center.y, 2);
-    EXPECT_EQ(Points().getCentroid(center), 1);
-    EXPECT_EQ(center.x, 0);
 }
 
 TEST(GridPolygon, HoldsGridPointsShortOfItsFarSides) {

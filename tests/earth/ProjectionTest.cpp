@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -252,17 +251,6 @@ TEST(Projection, DiagramsAgainstHandValues) {
     EXPECT_EQ(domainOf("skewt,-10,700").tran(place, p), 0);
     EXPECT_EQ(p.x, Const::MISS);
     EXPECT_EQ(domainOf("teph,0,850").tran(place, p), 0);
-}
-
-TEST(Projection, PressureAxisStandsAroundItsCentre) {
-    const Domain domain = domainOf("xp,20,500,11,11,1,100");
-    EarthPoint top(20, 0), bottom(15, 1000);
-    Point p;
-    domain.tran(top, p);
-    EXPECT_FLOAT_EQ(p.y, domain.limits.ymax);
-    domain.tran(bottom, p);
-    EXPECT_FLOAT_EQ(p.y, domain.limits.ymin);
-    EXPECT_FLOAT_EQ(p.x, domain.limits.xmin);
 }
 
 TEST(Projection, RadarGivesAzimuthAndRange) {
