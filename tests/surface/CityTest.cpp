@@ -7,11 +7,11 @@
 #include "ORV/StatPrior.h"
 #include "ORV/Strings.h"
 
+#include "frame/FrameFixture.h"
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -20,22 +20,16 @@ using namespace ORV;
 namespace {
 const char small_db[] = ORV_TEST_DATA "/surface/db";
 
-class City : public testing::Test {
+class City : public FrameFixture {
 protected:
     City() { Orv::setDatabasePath(small_db); }
-    ~City() override {
-        Orv::resrc.clear();
-        Orv::setDatabasePath(nullptr);
+
+    std::string write(const std::string& text) const {
+        writeFile("list.cty", text);
+        return (folder / "list.cty").string();
     }
 
-    static std::string write(const std::string& text) {
-        const std::string path = testing::TempDir() + "city_test." +
-                                 testing::UnitTest::GetInstance()->current_test_info()->name();
-        std::ofstream(path, std::ios::binary) << text;
-        return path;
-    }
-
-    static std::vector<CityData> readAll(const std::string& text) {
+    std::vector<CityData> readAll(const std::string& text) const {
         std::vector<CityData> found;
         CityFile file(write(text).c_str());
         CityData city;
@@ -98,12 +92,11 @@ TEST_F(City, WidthsCutFieldsAndLines) {
     EXPECT_STREQ(found[1].id, "KXYW");
 }
 
-TEST_F(City, MissingAndWrittenFiles) {
+TEST_F(City, MissingFilesHoldNothing) {
     CityData city;
     CityFile file("/nowhere/at.all");
     EXPECT_FALSE(file.isOpen());
     EXPECT_EQ(file.read(city), 0);
-    EXPECT_EQ(file.open(write("").c_str(), 2), 0);
     EXPECT_EQ(file.open(write(std::string(118, 'a')).c_str()), 1);
     EXPECT_EQ(file.getNum(), 2) << "59 bytes a station";
 }
@@ -125,21 +118,13 @@ TEST_F(City, TableHoldsTheStationsOfTheMap) {
 
 TEST_F(City, TableIsFoundByEachKey) {
     CityHash table("stations.cty");
-    class Row {
-    public:
+    const struct {
         const char* text;
         const char* id; // null: not found
-    };
-    for (const Row& row : {Row{"KAAA", "KAAA"},
-                           {"72001", "KAAA"},
-                           {"72009", nullptr},
-                           {"K2001", "KAAA"},
-                           {"CY002", "CFAR"},
-                           {"bKAAA", nullptr},
-                           {"b72001", nullptr},
-                           {"kaaa", nullptr},
-                           {"K2001X", nullptr},
-                           {"", nullptr}}) {
+    } rows[] = {{"KAAA", "KAAA"},    {"72001", "KAAA"},  {"72009", nullptr},  {"K2001", "KAAA"},
+                {"CY002", "CFAR"},   {"bKAAA", nullptr}, {"b72001", nullptr}, {"kaaa", nullptr},
+                {"K2001X", nullptr}, {"", nullptr}};
+    for (const auto& row : rows) {
         CityHashData found;
         EXPECT_EQ(table.get(row.text, found), row.id != nullptr) << row.text;
         EXPECT_STREQ(found.getId(), row.id ? row.id : "") << row.text;
@@ -149,13 +134,10 @@ TEST_F(City, TableIsFoundByEachKey) {
     EXPECT_STREQ(found.getId(), "KAAA");
     EXPECT_EQ(table.get(0, "72001", found), 0);
     EXPECT_EQ(table.get(1, "", found), 1) << "one of those without a number";
-}
 
-TEST_F(City, BLeadsToTheFiveCharactersBehindIt) {
-    CityHash table(write("A -- -- ABCDE 1 1 2 3 99999\n").c_str());
-    CityHashData found;
-    EXPECT_EQ(table.get("bABCDE", found), 1);
-    EXPECT_EQ(table.get("bABCD", found), 0);
+    CityHash five(write("A -- -- ABCDE 1 1 2 3 99999\n").c_str());
+    EXPECT_EQ(five.get("bABCDE", found), 1) << "the five characters behind a b";
+    EXPECT_EQ(five.get("bABCD", found), 0);
 }
 
 TEST_F(City, PlaceKeysAreRoundedAsPrintfDoes) {
@@ -187,76 +169,64 @@ TEST_F(City, SelectionResourceChoosesStations) {
 }
 
 TEST_F(City, Query) {
-    CityData city;
-    std::snprintf(city.name, sizeof city.name, "Denver_Intl");
-    std::snprintf(city.state, sizeof city.state, "CO");
-    std::snprintf(city.region, sizeof city.region, "US");
-    std::snprintf(city.id, sizeof city.id, "KDEN");
-    std::snprintf(city.wmo, sizeof city.wmo, "72565");
-    city.prior = 2;
-    city.lat = 39.85F;
-    city.lon = -104.65F;
-    city.el = 1640;
-    class Row {
-    public:
-        const char* list;
-        int index;
+    // Boulder, in two of the tests, lies some 38 km off.
+    CityData city = readAll("Denver_Intl CO US KDEN 2 39.85 -104.65 1640 72565 1\n").at(0);
+    const auto compare = [&city](const char* list) {
+        return CityTool::compareData(Strings(list, ','), city);
     };
-    for (const Row& row : {
-             Row{"", -1},
-             {"KDEN", 0},
-             {"kden", 0},
-             {"KDE", -1},
-             {"72565", 0},
-             {"7256", -1},
-             {"Denver", 0},
-             {"denve", 0},
-             {"Denv", -1},
-             {"Denver_Intl_X", -1},
-             {"X,Y,KDEN,Denver", 2},
-             {"Name=ver_I", 0},
-             {"name=ver_I", 0},
-             {"Name=Xver", -1},
-             {"st=co", 0},
-             {"ST=C", -1},
-             {"CN=US", 0},
-             {"RE=us", 0},
-             {"RE=CA", -1},
-             {"P=2", 0},
-             {"P=1", -1},
-             {"P<2", 0},
-             {"P<1", -1},
-             {"P>2", 0},
-             {"P>3", -1},
-             {"p<3", 0},
-             {"P<", -1},
-             {"P<x", -1},
-             {"Lat>39.8", 0},
-             {"Lat>39.9", -1},
-             {"lat<39.9", 0},
-             {"Lat<39.8", -1},
-             {"Lon>-105", 0},
-             {"Lon<-105", -1},
-             {"Elev>1640", 0},
-             {"Elev<1639", -1},
-             // Boulder, some 38 km off.
-             {"Ra<40.01:-105.04:45", 0},
-             {"Ra<40.01:-105.04:30", -1},
-             {"Ra<40.01:-105.04", -1},
-             {"Ra<", -1},
-             {"Ra<x:-105.04:45", -1},
-             {"ST=CO:P<2:Ra<40:-105:60:Lon<-100", 0},
-             {"ST=CO:P<1", -1},
-             {"ST=CO:XX", -1},
-             {"XX:ST=CO", -1},
-             {"ST=NM,ST=CO", 1},
-             {":", -1},
-         })
-        EXPECT_EQ(CityTool::compareData(Strings(row.list, ','), city), row.index) << row.list;
+    for (const char* test : {"KDEN",
+                             "kden",
+                             "72565",
+                             "Denver",
+                             "denve",
+                             "Name=ver_I",
+                             "name=ver_I",
+                             "st=co",
+                             "CN=US",
+                             "RE=us",
+                             "P=2",
+                             "P<2",
+                             "P>2",
+                             "p<3",
+                             "Lat>39.8",
+                             "lat<39.9",
+                             "Lon>-105",
+                             "Elev>1640",
+                             "Ra<40.01:-105.04:45",
+                             "ST=CO:P<2:Ra<40:-105:60:Lon<-100"})
+        EXPECT_EQ(compare(test), 0) << test;
+    for (const char* test : {"",
+                             ":",
+                             "KDE",
+                             "7256",
+                             "Denv",
+                             "Denver_Intl_X",
+                             "Name=Xver",
+                             "ST=C",
+                             "RE=CA",
+                             "P=1",
+                             "P<1",
+                             "P>3",
+                             "P<",
+                             "P<x",
+                             "Lat>39.9",
+                             "Lat<39.8",
+                             "Lon<-105",
+                             "Elev<1639",
+                             "Ra<40.01:-105.04:30",
+                             "Ra<40.01:-105.04",
+                             "Ra<",
+                             "Ra<x:-105.04:45",
+                             "ST=CO:P<1",
+                             "ST=CO:XX",
+                             "XX:ST=CO"})
+        EXPECT_EQ(compare(test), -1) << test;
+    EXPECT_EQ(compare("X,Y,KDEN,Denver"), 2);
+    EXPECT_EQ(compare("ST=NM,ST=CO"), 1);
 
     city.el = city.lat = Const::MISS;
     for (const char* test : {"Elev<1639", "Lat<39.8", "Ra<40.01:-105.04:45"})
-        EXPECT_EQ(CityTool::compareData(Strings(test, ','), city), -1) << test << ", not known";
+        EXPECT_EQ(compare(test), -1) << test << ", not known";
 }
 
 TEST_F(City, SearchTakesTheFirstStationThatAnswers) {
@@ -280,46 +250,24 @@ TEST_F(City, SearchTakesTheFirstStationThatAnswers) {
 }
 
 TEST_F(City, CallLettersAndWmoNumbers) {
-    class Row {
-    public:
-        const char* wmo;
-        const char* id;
-    };
-    for (const Row& row : {Row{"72403", "K2403"},
-                           {"74001", "K4001"},
-                           {"3772", "EG772"},
-                           {"03950", "EI950"},
-                           {"29999", "U9999"},
-                           {"36870", "X6870"},
-                           {"50000", "Z0000"},
-                           {"94120", "Y4120"},
-                           {"91700", "N1700"},
-                           {"98999", "RP999"},
-                           {"999", "00999"},
-                           {"40200", "40200"},
-                           {"99000", "99000"},
-                           {"41159", "OB159"},
-                           {"text", "00000"},
-                           {"7240399", "72403"}}) {
+    const char* ids[][2] = {
+        {"72403", "K2403"}, {"74001", "K4001"}, {"3772", "EG772"},  {"03950", "EI950"},
+        {"29999", "U9999"}, {"36870", "X6870"}, {"50000", "Z0000"}, {"94120", "Y4120"},
+        {"91700", "N1700"}, {"98999", "RP999"}, {"999", "00999"},   {"40200", "40200"},
+        {"99000", "99000"}, {"41159", "OB159"}, {"text", "00000"},  {"7240399", "72403"}};
+    for (const auto& [wmo, expected] : ids) {
         char id[6];
-        EXPECT_EQ(CityTool::toId(row.wmo, id), 1);
-        EXPECT_STREQ(id, row.id) << row.wmo;
+        EXPECT_EQ(CityTool::toId(wmo, id), 1);
+        EXPECT_STREQ(id, expected) << wmo;
     }
-    for (const Row& row : {Row{"72403", "K2403"},
-                           {"03772", "EG772"},
-                           {"29999", "U9999"},
-                           {"29999", "X9999"},
-                           {"94120", "Y4120"},
-                           {"50999", "Z9999"},
-                           {"40301", "OE301"},
-                           {"41299", "OE299"},
-                           {"00300", "OE300"},
-                           {"91700", "N1700"},
-                           {"00050", "DR050"},
-                           {"00123", "kq123"}}) {
+    const char* numbers[][2] = {{"K2403", "72403"}, {"EG772", "03772"}, {"U9999", "29999"},
+                                {"X9999", "29999"}, {"Y4120", "94120"}, {"Z9999", "50999"},
+                                {"OE301", "40301"}, {"OE299", "41299"}, {"OE300", "00300"},
+                                {"N1700", "91700"}, {"DR050", "00050"}, {"kq123", "00123"}};
+    for (const auto& [id, expected] : numbers) {
         char wmo[6];
-        EXPECT_EQ(CityTool::toWmo(row.id, wmo), 1) << row.id;
-        EXPECT_STREQ(wmo, row.wmo) << row.id;
+        EXPECT_EQ(CityTool::toWmo(id, wmo), 1) << id;
+        EXPECT_STREQ(wmo, expected) << id;
     }
     for (const char* id : {"72403", "K240", "K24033", "KDEN1", "KQ1X3", ""}) {
         char wmo[6];
@@ -328,43 +276,27 @@ TEST_F(City, CallLettersAndWmoNumbers) {
 }
 
 TEST(StatPrior, LimitFollowsTheHeightOfTheArea) {
-    class Row {
-    public:
+    const struct {
         float size;
         int limit;
-    };
+    } rows[] = {{100.5F, 0}, {100, 1},  {50, 2},   {25.1F, 2}, {12.5F, 4},      {6.6F, 4},
+                {6.5F, 5},   {3.2F, 6}, {1.6F, 7}, {0, 7},     {Const::MISS, 7}};
     StatPrior prior;
-    for (const Row& row : {Row{100.5F, 0},
-                           {100, 1},
-                           {50, 2},
-                           {25.1F, 2},
-                           {12.5F, 4},
-                           {6.6F, 4},
-                           {6.5F, 5},
-                           {3.2F, 6},
-                           {1.6F, 7},
-                           {0, 7},
-                           {static_cast<float>(Const::MISS), 7}}) {
+    for (const auto& row : rows) {
         prior.setSize(row.size);
         EXPECT_EQ(prior.get(), row.limit) << row.size;
     }
 }
 
 TEST(StatPrior, TextMovesOrFixesTheLimit) {
-    class Row {
-    public:
+    const struct {
         const char* text;
         int limit;
         bool fixed;
-    };
+    } rows[] = {{"+2", 3, false}, {"-1", 0, false},  {"-2", -1, false}, {"6", 6, true},
+                {"+", 1, false},  {"all", 1, false}, {"", 1, false}};
     StatPrior prior;
-    for (const Row& row : {Row{"+2", 3, false},
-                           {"-1", 0, false},
-                           {"-2", -1, false},
-                           {"6", 6, true},
-                           {"+", 1, false},
-                           {"all", 1, false},
-                           {"", 1, false}}) {
+    for (const auto& row : rows) {
         EXPECT_EQ(prior.set(60, row.text), 1);
         EXPECT_EQ(prior.get(), row.limit) << row.text;
         EXPECT_EQ(prior.fixed, row.fixed) << row.text;
