@@ -82,14 +82,6 @@ TEST_F(ColorFillTest, ReadsStepTablesCyclesAndRanges) {
     EXPECT_EQ(range.get(1).width, 3);
 }
 
-TEST_F(ColorFillTest, WithoutATextTakesTheScale) {
-    ColorFill fill(map, nullptr);
-    EXPECT_EQ(fill.getNum(), 20);
-    EXPECT_EQ(fill.getColor(7), 7);
-    EXPECT_STREQ(fill.getColorName(7), "c7");
-    EXPECT_FALSE(fill.areValuesSet());
-}
-
 TEST_F(ColorFillTest, FindsTheStepOfAValue) {
     ColorFill fill(map, "0:red,10:blue,20:green");
     const struct {
@@ -128,30 +120,6 @@ TEST_F(ColorFillTest, GoesRoundItsCycleInBothDirections) {
     EXPECT_EQ(ColorFill().getInd(5.0f), Const::MISS);
 }
 
-TEST_F(ColorFillTest, SetsValuesForItsEntries) {
-    ColorFill fill(map, "red,blue,green");
-    const float values[] = {1, 2};
-    fill.setValues(values, 2);
-    EXPECT_EQ(entries(fill), "1:20 2:21 :22 ");
-    EXPECT_EQ(fill.getValue(-1), Const::MISS);
-    ColorFill copy = fill;
-    fill.init();
-    EXPECT_EQ(copy.getNum(), 3);
-    EXPECT_EQ(fill.getColorName(0), nullptr);
-    EXPECT_EQ(fill.getColor(0), -1);
-}
-
-TEST_F(ColorFillTest, KeepsToTheRoomOfItsTable) {
-    std::string text = "0:red";
-    for (int i = 1; i < 400; i++)
-        text += "," + std::to_string(i) + ":blue";
-    ColorFill fill(map, text.c_str());
-    EXPECT_EQ(fill.getNum(), 256);
-    EXPECT_EQ(fill.decode(map, "red"), 0);
-    EXPECT_EQ(ColorFill(map, "0-99999999999").getNum(), 256);
-    EXPECT_EQ(ColorFill(map, "99999999999-0,red").getNum(), 256);
-}
-
 TEST_F(ColorFillTest, ReadsAFile) {
     std::ofstream(folder + "/a.fill") << "# comment\n@label deg C\n@other x\n\n  0:red,wi=2  \n"
                                       << "blue\n10:green\n"
@@ -167,19 +135,6 @@ TEST_F(ColorFillTest, ReadsAFile) {
     ColorFill plain;
     EXPECT_EQ(plain.set("a.fill"), 1);
     EXPECT_EQ(plain.attr[0].color_ind, Const::MISS);
-}
-
-TEST_F(ColorFillTest, TheUsersFillWins) {
-    const Resrc before = Orv::resrc;
-    ColorFill fill;
-    EXPECT_EQ(fill.setFill(map, "red,blue"), 1);
-    EXPECT_EQ(fill.getNum(), 2);
-    Orv::resrc.set("color_fill", "Def");
-    EXPECT_EQ(fill.setFill(map, "red,blue"), 1);
-    Orv::resrc.set("color_fill", "0:green,1:red,2:blue");
-    EXPECT_EQ(fill.setFill(map, "red,blue"), 2);
-    EXPECT_EQ(fill.getNum(), 3);
-    Orv::resrc = before;
 }
 
 // Every fill file of the database has a label, rising values and colors that can be found.

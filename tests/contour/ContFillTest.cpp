@@ -427,40 +427,6 @@ TEST_F(ContFillTest, BandsHaveTheColorOfTheirLowerLevel) {
     }
 }
 
-TEST_F(ContFillTest, AGivenPatternGoesBeforeThatOfTheFill) {
-    Grid grid = makeGrid(2, 2, {1, 2, 3, 4});
-    cont = ContPlot("cf,lab=0:0,fill=xx");
-    cont.setColorFill("0:red:fp=st");
-    cont.drawFill(plot, grid);
-    EXPECT_EQ(device->count("fillstyle 3 1"), 1);
-    EXPECT_EQ(plot.graph.fill_style, 9);
-}
-
-TEST_F(ContFillTest, PlacesStayInTheGrid) {
-    Grid grid;
-    grid.setDomain(Domain("latlon:0:-100,40,-100,11,6,1,1"));
-    grid.allocData();
-    fillRandom(grid, 3);
-    show("lamb:90:-98:30:60,40,-98,61,41,1,1");
-    cont = ContPlot("cf,lab=0:0");
-    cont.drawFill(plot, grid);
-    ASSERT_TRUE(grid.isLocate());
-    for (const auto& [i, j] : {std::pair(0, 0), {10, 0}, {4, 3}, {10, 5}}) {
-        EarthPoint earth;
-        Point point;
-        grid.tran(GridPoint(static_cast<float>(i), static_cast<float>(j)), earth);
-        plot.getDomain().tran(earth, point);
-        EXPECT_NEAR(grid.getLocate(i, j).x, point.x, 1e-4);
-        EXPECT_NEAR(grid.getLocate(i, j).y, point.y, 1e-4);
-    }
-    double sum = 0;
-    for (const Shape& shape : fills())
-        sum += area(shape);
-    // 10 by 5 degrees at 40 north, on a cone that is true at 30 and 60.
-    const double degree = 63.7122 * 3.14159265 / 180;
-    EXPECT_NEAR(sum / (50 * degree * degree * std::cos(40 * 3.14159265 / 180)), 1, 0.1);
-}
-
 TEST_F(ContFillTest, WorldIsCoveredToItsEdges) {
     // A grid that goes around the world, drawn in worlds that are cut somewhere else: all but the
     // one column that the grid leaves out.

@@ -67,19 +67,6 @@ TEST_F(ContLineTest, ChoosesRoundLevelsAroundTheRange) {
     }
 }
 
-TEST_F(ContLineTest, TooManyLevelsGetAnotherInterval) {
-    const auto warning = [&](float max) {
-        testing::internal::CaptureStderr();
-        choose(0, max, "ci=1,cof=0-10");
-        return testing::internal::GetCapturedStderr();
-    };
-    EXPECT_EQ(warning(148.5f), "");
-    EXPECT_EQ(cont.num_cont, 150);
-    EXPECT_EQ(warning(149.5f), "Contour interval too small, recomputing...\n");
-    EXPECT_EQ(cont.intrvl, 15);
-    EXPECT_EQ(cont.num_cont, 11);
-}
-
 TEST_F(ContLineTest, ExplicitValuesAreTheLevels) {
     choose(0, 100, "ci=10");
     cont.setColorFill("0:red,30:blue,35:green");

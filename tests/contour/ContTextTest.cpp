@@ -79,17 +79,6 @@ TEST_F(ContTextTest, LabelsStandOnColumnsAndRowsOfCells) {
     EXPECT_EQ(drawLabels(up, "lab=1:0:0:-3").size(), drawLabels(up, "lab=1:0:1:1").size());
 }
 
-TEST_F(ContTextTest, LabelsAreSpacedByTheSizeOfTheGrid) {
-    Grid grid = makeRamp(23, 17, false);
-    drawLabels(grid, "lab=1:0");
-    EXPECT_EQ(cont.skipx, 4);
-    EXPECT_EQ(cont.skipy, 3);
-    grid = makeRamp(4, 4, false);
-    drawLabels(grid, "lab=1:0");
-    EXPECT_EQ(cont.skipx, 1);
-    EXPECT_EQ(cont.skipy, 1);
-}
-
 TEST_F(ContTextTest, MissingValuesHaveNoLabels) {
     Grid grid = makeRamp(4, 4, false);
     grid.setValue(1, 1, none);
@@ -132,61 +121,6 @@ TEST_F(ContTextTest, MarksPointsAboveOrBelowAllAround) {
     for (const auto& row : rows) {
         Grid grid = makeGrid(5, 3, row.values);
         EXPECT_EQ(drawExtrema(grid, row.params), row.marks) << row.what;
-    }
-}
-
-TEST_F(ContTextTest, LettersAreLargerThanTheirValues) {
-    Grid grid = makeGrid(5, 3, {1, 1, 1, 1, 1, 1, 5, 1, 1, 1, 1, 1, 1, 1, 1});
-    cont = ContPlot("lab=0:1,sc=0.5");
-    device->take();
-    cont.drawMaxMin(plot, grid);
-    // In strokes: the H around its point, and the 5 below.
-    double low[2] = {9, 9}, high[2] = {-9, -9};
-    for (const Shape& stroke : drawn("line 4"))
-        for (const Point& point : stroke) {
-            const bool is_value = point.y < 0.98;
-            low[is_value] = std::min<double>(low[is_value], point.y);
-            high[is_value] = std::max<double>(high[is_value], point.y);
-        }
-    // Capitals are as high as the text: 0.02 and 0.015 of the plot's height of 2, and half of it.
-    EXPECT_NEAR(high[0] - low[0], 0.020, 0.002);
-    EXPECT_NEAR(high[1] - low[1], 0.015, 0.0015);
-    EXPECT_NEAR((high[0] + low[0]) / 2, 1, 0.002);
-    EXPECT_NEAR((high[1] + low[1]) / 2, 0.96, 0.002);
-}
-
-TEST_F(ContTextTest, ColorsComeFromTheFillWhenLinesTakeThemFromThere) {
-    Grid grid = makeRamp(4, 4, false);
-    plot.graph.hfont = 1;
-    cont = ContPlot("co=miss,lab=1:1:9:9,ln");
-    cont.setColorFill("0:#FF0000,15:#0000FF");
-    device->take();
-    cont.draw(plot, grid);
-    std::string colors;
-    for (const std::string& call : device->calls)
-        if (call.rfind("color 4", 0) == 0 || call.rfind("text ", 0) == 0)
-            colors += (call[0] == 'c' ? call.substr(8) : call.substr(call.rfind(' ') + 1)) + " ";
-    EXPECT_NE(colors.find("255 15"), std::string::npos) << colors;
-
-    const struct {
-        const char* params;
-        const char* resource; // for the fill's labels
-        const char* color;
-    } rows[] = {
-        {"ln,co=#00FF00,lab=1:0:9:9", nullptr, "color 4 65280"},
-        {"ln,co=#00FF00,cola=#FF0000,lab=1:0:9:9", nullptr, "color 4 16711680"},
-        {"cf,co=#00FF00,lab=1:0:9:9", "#0000FF", "color 4 255"},
-    };
-    for (const auto& row : rows) {
-        Orv::resrc.clear();
-        if (row.resource)
-            Orv::setResrc("color_flabel", row.resource);
-        cont = ContPlot(row.params);
-        cont.setInterval(10);
-        plot.setText("white");
-        device->take();
-        cont.draw(plot, grid);
-        EXPECT_GE(device->count(row.color), 1) << row.params;
     }
 }
 

@@ -48,21 +48,6 @@ TEST(GridBox, FindsWhereALevelCrosses) {
     }
 }
 
-TEST(GridBox, TellsALevelOutsideTheCell) {
-    GridBox box = makeBox({1, 2, none, 4});
-    EXPECT_EQ(box.getMin(), 1);
-    EXPECT_EQ(box.getMax(), 4);
-    EXPECT_EQ(box.getEqual(), -2);
-    box.setLevel(0.5f);
-    EXPECT_EQ(box.getEqual(), -1);
-    box.setLevel(5);
-    EXPECT_EQ(box.getEqual(), 1);
-    box.setLevel(3);
-    EXPECT_EQ(box.getEqual(), 0);
-    EXPECT_FALSE(box.isDataValid());
-    EXPECT_EQ(makeBox({none, none, none, none}).getMin(), none);
-}
-
 TEST(GridBox, CrossingsLieOnTheirSides) {
     GridBox box = makeBox({10, 0, 0, 10});
     box.setLevel(4);
@@ -150,35 +135,6 @@ TEST(GridBox, CellOverTheEdgeOfTheWorldIsPutTogetherOnTheRight) {
     grid.allocData();
     box.set(grid, Domain("latlon:0:0,0,0,37,19,10,10"), 0, 0);
     EXPECT_EQ(box.getSpan(), 0);
-}
-
-TEST(GridBox, CellWithoutAPlaceOnThePlotIsTold) {
-    Grid grid;
-    grid.setDomain(Domain("latlon:0:0,0,90,4,3,60,30")); // 0 to 180 east
-    grid.allocData();
-    const Domain disc("ortho:0:0,0,0,61,61,2.2,2.2"), cone("lamb:90:0:30:60,60,0,91,91,5,5");
-    GridBox box;
-    box.set(grid, disc, 0, 0);
-    EXPECT_TRUE(box.isLocateValid());
-    box.set(grid, disc, 2, 0);
-    EXPECT_FALSE(box.isLocateValid()) << "behind the limb";
-    box.set(grid, cone, 1, 0);
-    EXPECT_TRUE(box.isLocateValid());
-    grid.setDomain(Domain("latlon:0:180,40,180,2,2,10,10")); // 175 to 185 east
-    grid.allocData();
-    box.set(grid, cone, 0, 0);
-    EXPECT_FALSE(box.isLocateValid()) << "over the gap of the cone";
-}
-
-TEST(GridBox, PlacesOfTheGridGoFirst) {
-    Grid grid(2, 2);
-    grid.allocLocate();
-    for (int n = 0; n < 4; n++)
-        grid.setLocate(n % 2, n / 2, Point(static_cast<float>(n), 7));
-    GridBox box;
-    box.set(grid, Domain("latlon:0:0,0,0,37,19,10,10"), 0, 0);
-    EXPECT_EQ(box.getPoint(3).x, 3);
-    EXPECT_EQ(box.getPoint(3).y, 7);
 }
 
 } // namespace

@@ -22,26 +22,6 @@ protected:
 };
 } // namespace
 
-TEST_F(GridDrawingTest, TakesItsWordsAndLeavesTheRestToTheDrawing) {
-    GridCont cont("NoLabel,MAP_FILL,gs=500mb,ci=4");
-    EXPECT_EQ(cont.label, 0);
-    EXPECT_EQ(cont.map_mode, 1);
-    EXPECT_STREQ(cont.grid_num.get(), "500mb");
-    EXPECT_EQ(cont.cont.intrvl, 4);
-    cont.setParam("map_line,va=temp,mo=xyz");
-    EXPECT_EQ(cont.map_mode, 0);
-    EXPECT_STREQ(cont.grid_num.get(), "temp");
-    EXPECT_STREQ(cont.model, "xyz");
-    EXPECT_EQ(cont.getLoopType(), 1);
-
-    GridVect vectors("VBAR,nolabel,strm,sk=2");
-    EXPECT_EQ(vectors.vbar, 1);
-    EXPECT_EQ(vectors.label, 0);
-    EXPECT_EQ(vectors.vect.type, 2);
-    EXPECT_EQ(vectors.vect.skipx, 2);
-    EXPECT_EQ(vectors.getNumFrames(), 0);
-}
-
 TEST_F(GridDrawingTest, DrawsAGridWithALabelLineOfItsOwn) {
     makeWorld();
     GridCont cont("cf");

@@ -81,40 +81,6 @@ TEST_F(StreamlineTest, DensityAndSkipsSetTheSpacing) {
     EXPECT_LE(lines_across, 14);
 }
 
-TEST_F(StreamlineTest, NoBoxIsCrowded) {
-    showWind(plain(21, 21), [](const Point& at) {
-        return Point(5 + 3 * std::sin(at.y), 4 * std::cos(at.x / 3) + 0.1f);
-    });
-    vect.draw(plot, u, v);
-    // Of each line a box can hold 3 steps, and a few of lines that are still at their start.
-    for (const auto& [box, count] : boxes())
-        EXPECT_LE(count, 9) << box.first << " " << box.second;
-}
-
-TEST_F(StreamlineTest, SecondLinesEndInBoxesThatAreTaken) {
-    showWind(plain(21, 5), [](const Point&) { return Point(5, 0); });
-    vect.drawStreamline(plot, u, v, 2, 2, 1000);
-    EXPECT_EQ(steps().size(), 73u); // 18 grid lengths, and one from the last column
-    device->take();
-    vect.drawStreamline(plot, u, v, 2, 2, 10);
-    EXPECT_EQ(steps().size(), 10u);
-    EXPECT_EQ(heads().size(), 2u); // behind half the height of the plot, and at the end
-    device->take();
-
-    vect.numsize = 4 * 21 * 5;
-    vect.num = OwnedArray<int>(vect.numsize);
-    vect.drawStreamline(plot, u, v, 10, 2, 1000);
-    EXPECT_EQ(steps().size(), 41u);
-    device->take();
-    vect.drawStreamline(plot, u, v, 10, 2, 1000); // where one began
-    EXPECT_TRUE(lines().empty());
-    vect.drawStreamline(plot, u, v, 4, 2, 1000); // six grid lengths before
-    EXPECT_EQ(steps().size(), 24u);
-    device->take();
-    vect.drawStreamline(plot, u, v, 9, 2, 1000); // begins in a full box, too
-    EXPECT_TRUE(lines().empty());
-}
-
 TEST_F(StreamlineTest, EddiesEnd) {
     showWind(plain(21, 21), eddy);
     vect.drawStreamline(plot, u, v, 13, 10, 1e9f);
@@ -147,44 +113,6 @@ TEST_F(StreamlineTest, LinesEndAtMissingValuesCalmsAndConvergence) {
     EXPECT_NEAR(end(), 7, 0.26);
     u.setValue(2, 2, 0.0005f);
     EXPECT_EQ(end(), 2);
-}
-
-TEST_F(StreamlineTest, WindsAlongAnAxisBeginNoLine) {
-    showWind(plain(9, 9), [](const Point& at) { return at.x < 4 ? Point(0, 5) : Point(5, 0); });
-    vect.draw(plot, u, v);
-    EXPECT_TRUE(lines().empty());
-}
-
-TEST_F(StreamlineTest, SpeedLimitsHideParts) {
-    showWind(plain(21, 5), [](const Point& at) { return Point(1 + at.x, 0); });
-    vect.min_cut = 6;
-    vect.max_cut = 11;
-    vect.drawStreamline(plot, u, v, 0, 2, 1000);
-    ASSERT_FALSE(steps().empty());
-    for (const Shape& piece : steps()) {
-        EXPECT_GT(piece[0].x, 4.9);
-        EXPECT_LT(piece[0].x, 10.1);
-    }
-    EXPECT_GE(heads().size(), 1u); // each 2 units; the end is hidden
-    EXPECT_LE(heads().size(), 3u);
-    device->take();
-    vect.min_cut = 100;
-    vect.drawStreamline(plot, u, v, 0, 2, 1000);
-    EXPECT_TRUE(lines().empty());
-}
-
-TEST_F(StreamlineTest, ArrowHeadsKeepTheirDistance) {
-    showWind(plain(41, 9), [](const Point&) { return Point(5, 0); }); // 8 high: each 4
-    vect.drawStreamline(plot, u, v, 0, 4, 1000);
-    const auto at = heads();
-    ASSERT_EQ(at.size(), 10u);
-    for (size_t i = 1; i + 1 < at.size(); i++)
-        EXPECT_NEAR(at[i].x - at[i - 1].x, 4.25, 0.26);
-    EXPECT_NEAR(at.back().x, 40, 0.26);
-    device->take();
-    vect.setArrowScale(0);
-    vect.drawStreamline(plot, u, v, 0, 4, 1000);
-    EXPECT_EQ(lines().size(), 161u);
 }
 
 // A grid of the world that begins at 0, on a map with the date line in its middle, and the other

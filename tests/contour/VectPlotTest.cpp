@@ -31,24 +31,6 @@ TEST_F(VectTest, ReadsParametersInTheirOrder) {
     EXPECT_EQ(vect.base, 3); // "barbs" asks for a bar
 }
 
-TEST_F(VectTest, StartsFromTheSettings) {
-    Orv::setResrc("con_interval", "4");
-    Orv::setResrc("vect_mag", "40");
-    Orv::setResrc("color_line", "red");
-    Orv::setResrc("plot_type", "barb");
-    Orv::setResrc("parameter", "de=3");
-    VectPlot from_settings("mag=60");
-    EXPECT_EQ(from_settings.intrvl, 4);
-    EXPECT_EQ(from_settings.vect_mag, 60);
-    EXPECT_STREQ(from_settings.color_data.get(), "red");
-    EXPECT_EQ(from_settings.type, 1);
-    EXPECT_EQ(from_settings.density, 3);
-    Orv::setResrc("plot_type", "lcf");
-    from_settings.init();
-    EXPECT_EQ(from_settings.type, 0);
-    EXPECT_EQ(from_settings.vect_mag, 40);
-}
-
 TEST_F(VectTest, ArrowsAreAsLongAsTheirShareOfTheGreatestSpeed) {
     showWind(plain(5, 3), [](const Point& at) {
         return at.x < 2 ? Point(3, 4) : Point(-6, 8); // speeds 5 and 10
@@ -79,73 +61,6 @@ TEST_F(VectTest, ArrowsAreAsLongAsTheirShareOfTheGreatestSpeed) {
         vect.draw(plot, u, v);
         EXPECT_NEAR(length(shafts()[2]), 1, 1e-3) << none;
     }
-}
-
-TEST_F(VectTest, DrawsEachNthPointThatHasBothComponents) {
-    showWind(plain(8, 5), [](const Point&) { return Point(1, 1); });
-    u.setValue(3, 0, Const::MISS);
-    v.setValue(6, 4, Const::MISS);
-    vect.setSkip(3, 2);
-    vect.draw(plot, u, v);
-    std::set<std::pair<int, int>> places;
-    for (const Shape& arrow : shafts())
-        places.insert({std::lround(arrow[0].x), 4 - std::lround(arrow[0].y)});
-    const std::set<std::pair<int, int>> expected = {{0, 0}, {6, 0}, {0, 2}, {3, 2},
-                                                    {6, 2}, {0, 4}, {3, 4}};
-    EXPECT_EQ(places, expected);
-}
-
-TEST_F(VectTest, WindsAlongAnAxisAreDrawnThoughTheyGiveNoMaximum) {
-    showWind(plain(4, 3), [](const Point& at) { return Point(at.x > 1 ? 8 : 4, 0); });
-    EXPECT_EQ(vect.draw(plot, u, v), 1);
-    EXPECT_EQ(vect.max, Const::MISS);
-    ASSERT_EQ(shafts().size(), 12u);
-    EXPECT_NEAR(length(shafts()[0]), 0.5, 1e-3);
-    EXPECT_NEAR(length(shafts()[3]), 1, 1e-3);
-    EXPECT_EQ(vect.drawVect(plot, "lr"), 0);
-    vect.drawLabels(plot, u);
-    EXPECT_EQ(plot.num_labels, 2);
-}
-
-TEST_F(VectTest, RefusesGridsThatAreNoPair) {
-    showWind(plain(4, 4), [](const Point&) { return Point(1, 2); });
-    Grid other(5, 4), empty;
-    empty.setDomain(u.domain);
-    for (const char* type : {"vect", "barb", "strm"}) {
-        vect.setType(type);
-        EXPECT_EQ(vect.draw(plot, u, other), 0);
-        EXPECT_EQ(vect.draw(plot, u, empty), 0);
-        EXPECT_EQ(vect.draw(plot, empty, v), 0);
-    }
-    EXPECT_TRUE(lines().empty());
-    for (Grid* grid : {&u, &v})
-        std::fill_n(static_cast<float*>(grid->data), 16, static_cast<float>(Const::MISS));
-    EXPECT_EQ(vect.draw(plot, u, v), 1);
-    EXPECT_TRUE(lines().empty());
-    EXPECT_EQ(vect.max, Const::MISS);
-}
-
-TEST_F(VectTest, SpeedsDecideTheColors) {
-    showWind(plain(3, 2), [](const Point& at) { return Point(3 * (at.x + 1), 4 * (at.x + 1)); });
-    vect.setColorFill("1-3"); // no values: the interval counts
-    vect.draw(plot, u, v);
-    EXPECT_FALSE(vect.isColored());
-    const int changes = device->count("color 1");
-    device->take();
-    vect.setInterval(5);
-    vect.bar = 1;
-    vect.draw(plot, u, v);
-    EXPECT_TRUE(vect.isColored());
-    EXPECT_GE(device->count("color 1"), changes + 5); // two rows of three speeds
-    EXPECT_EQ(plot.bar_set, 1);
-
-    // All speeds are in the last entry: one change for all.
-    vect.setInterval(Const::MISS);
-    vect.setColorFill("0:blue,3:red");
-    device->take();
-    vect.draw(plot, u, v);
-    EXPECT_TRUE(vect.isColored());
-    EXPECT_LE(device->count("color 1"), changes + 2);
 }
 
 // The direction of an arrow on the map is that from a place to one a little downwind of it.
@@ -235,23 +150,4 @@ TEST_F(VectTest, TheReferenceArrowIsThatOfTheGreatestSpeed) {
     EXPECT_NEAR(x2 / 20000, view.xmax - 0.01, 1e-4);
     EXPECT_NEAR(y1, y2, 0.2);
     EXPECT_GT(y1 / 20000, 0.5 - view.ymin); // below the view; the device counts downward
-}
-
-TEST_F(VectTest, LabelsTellTheFieldItsDateAndTheGreatestSpeed) {
-    showWind(plain(3, 3), [](const Point&) { return Point(3, 4); });
-    u.setUnits("m/s");
-    u.setLevel("500mb");
-    u.setDatim("12Z");
-    u.date.set(2025, 1, 2, 12, 0, 0);
-    vect.setType("strm");
-    vect.draw(plot, u, v);
-    vect.drawLabels(plot, u);
-    ASSERT_EQ(plot.num_labels, 3);
-    const std::string title = plot.labels[0].text;
-    EXPECT_NE(title.find("500 mb"), std::string::npos) << title;
-    EXPECT_NE(title.find("Streamlines"), std::string::npos) << title;
-    EXPECT_NE(title.find("m/s"), std::string::npos) << title;
-    EXPECT_STREQ(plot.labels[1].text, "12Z");
-    EXPECT_STREQ(plot.labels[2].text, "Max: 5");
-    EXPECT_EQ(plot.date.getHour(), 12);
 }

@@ -179,22 +179,6 @@ TEST_F(PostscriptTest, PadsAnImageToTheClipArea) {
                       "FFFFFF0019FF1919FF\nFFFFFFFFFFFFFFFFFF\ngrestore\n");
 }
 
-TEST_F(PostscriptTest, AppendsAPlotToAFileAndKeepsLongNames) {
-    path = testing::TempDir() + std::string(70, 'n') + ".ps";
-    open();
-    page.close();
-    const auto size = std::filesystem::file_size(path);
-    Postscript second;
-    second.setParam(("+" + path).c_str());
-    testing::internal::CaptureStdout();
-    ASSERT_EQ(second.open(), 1);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Appending to: " + path + "\n");
-    second.close();
-    const std::string added = text().substr(size);
-    EXPECT_EQ(added.rfind("%!PS-Adobe-1.0\n", 0), 0u);
-    EXPECT_EQ(added.substr(added.find("%%End of plot")), "%%End of plot\n");
-}
-
 TEST_F(PostscriptTest, TellsWhenTheFileCannotBeMade) {
     Postscript device;
     device.setParam("/proc/no/such/place.ps");

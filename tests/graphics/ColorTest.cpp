@@ -76,21 +76,6 @@ TEST(ColorMap, AnIndexBeyondTheTableIsTheLastColor) {
     EXPECT_FALSE(map.isColorNear(-1, off));
 }
 
-TEST(ColorMap, RefusesMoreThanItHolds) {
-    ColorMap map(2);
-    EXPECT_EQ(map.add("a", 0, 0, 0), 0);
-    EXPECT_EQ(map.add("A", 0, 0, 0), 1); // names differ by case here
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(map.add("b", 0, 0, 0), -1);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Color map size exceeded 2 > 2\n");
-    ColorMap copy = map;
-    map.init();
-    EXPECT_EQ(copy.getNum(), 2);
-    EXPECT_EQ(map.getMax(), 2);
-    EXPECT_EQ(map.add("a", 1, 1, 1), 0);
-    EXPECT_EQ(map.getNum(), 1);
-}
-
 TEST_F(ColorFileTest, ReadsBothFormsOfALine) {
     EXPECT_EQ(read("# colors\n  red 1 0 0\n3 rot #FF0000 \n\nhalf .5 0.5 2\n12 gray 0.5 0.5 0.5\n"
                    "broken 1 0\nname\nend\nblack 0 0 0\nEND\nblack 0.1 0 0"),
@@ -102,32 +87,4 @@ TEST_F(ColorFileTest, ReadsBothFormsOfALine) {
     expectColor(map, "black", 0.1f, 0, 0);
     EXPECT_EQ(map.getNum(), 5);
     EXPECT_EQ(map.getNumFill(), 4);
-}
-
-TEST_F(ColorFileTest, WithoutAnEndAllAreFillColors) {
-    map.init(0);
-    EXPECT_EQ(read("a 0 0 0\nb 1 1 1"), 1);
-    EXPECT_EQ(map.getMax(), 256);
-    EXPECT_EQ(map.getNumFill(), 2);
-    EXPECT_EQ(ColorFile::readFile("/no/such.clr", map), 0);
-    EXPECT_EQ(map.getNum(), 2);
-}
-
-TEST_F(ColorFileTest, WarnsOnceOfAFullTable) {
-    map.init(2);
-    testing::internal::CaptureStderr();
-    read("a 0 0 0\nb 0 0 0\nc 0 0 0\nd 0 0 0\n");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Color map size exceeded 2 > 2\n");
-}
-
-TEST_F(ColorFileTest, TheColorTableBeginsWithItsScale) {
-    const std::string before = Orv::getDatabasePath();
-    Orv::setDatabasePath(ORV_DATA);
-    EXPECT_EQ(ColorFile::read("orv.clr", map), 1);
-    Orv::setDatabasePath(before.c_str());
-    EXPECT_EQ(map.getNumFill(), 20);
-    for (const char* name :
-         {"white", "black", "red", "green", "blue", "yellow", "magenta", "orange"})
-        EXPECT_GE(map.getInd(name), map.getNumFill()) << name;
-    expectColor(map, "white", 1, 1, 1);
 }

@@ -56,30 +56,6 @@ TEST_F(FontTest, StopsAtWhatItCannotRead) {
     EXPECT_EQ(glyph('A'), "none");
 }
 
-TEST_F(FontTest, KeepsToTheLimitOfPoints) {
-    std::string text = "255 A ";
-    for (int i = 0; i < 20000; i++)
-        text += "1 2 ";
-    EXPECT_EQ(read(text + "255 B 128 0 1 1 254"), 1);
-    int count = 0;
-    Point p;
-    ASSERT_TRUE(font->setChar('A'));
-    while (font->get(p))
-        count++;
-    EXPECT_EQ(count, GFont::max_points - 1);
-    EXPECT_EQ(glyph('B'), "none");
-}
-
-TEST_F(FontTest, NamesDeviceFonts) {
-    EXPECT_EQ(font->read("#courier_new:14"), 1);
-    EXPECT_STREQ(font->name, "courier new");
-    EXPECT_EQ(font->height, 14);
-    EXPECT_EQ(font->type, 2);
-    EXPECT_EQ(font->read("#fixed"), 1);
-    EXPECT_EQ(font->height, 12);
-    EXPECT_FALSE(font->setChar('A'));
-}
-
 TEST_F(FontTest, TheFontsOfTheDatabaseFillTheirCells) {
     for (const char* name : {"modern.fnt", "bold.fnt", "italic.fnt", "boldital.fnt"}) {
         ASSERT_EQ(font->read((std::string(ORV_DATA "/") + name).c_str()), 1) << name;

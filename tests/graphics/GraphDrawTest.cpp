@@ -32,23 +32,6 @@ TEST_F(GraphDraw, SendsOnlyWhatMayTouchTheWindow) {
     EXPECT_EQ(graph.drawLine(segment(10, 10, 20, 20)), 1);
 }
 
-TEST_F(GraphDraw, DrawsRectanglesCirclesAndFills) {
-    openInPixels();
-    graph.drawRect(Rect(10, 20, 30, 40));
-    graph.drawFill(Rect(10, 20, 30, 40));
-    graph.drawLine(1, 2, 3, 4);
-    EXPECT_EQ(device->take(), "line 1 10.0,480.0 30.0,480.0 30.0,460.0 10.0,460.0 10.0,480.0\n"
-                              "fill 3 10.0,480.0 10.0,460.0 30.0,460.0 30.0,480.0 10.0,480.0\n"
-                              "line 1 1.0,498.0 3.0,496.0\n");
-    graph.drawCircle(100, 100, 10);
-    const std::string circle = device->take();
-    EXPECT_EQ(circle.rfind("line 1 100.0,390.0 100.9,390.0 101.7,390.2", 0), 0u) << circle;
-    EXPECT_EQ(std::count(circle.begin(), circle.end(), ','), 73);
-    Rect area(10, 20, 30, 40);
-    graph.clearRect(area);
-    EXPECT_EQ(device->take(), "clearrect 10.0 460.0 30.0 480.0\n");
-}
-
 TEST_F(GraphDraw, AShadowFallsBesideItsLine) {
     openInPixels();
     graph.setLineColor(9);

@@ -41,13 +41,6 @@ TEST(Transform, WindowYRunsUpwardOnEveryDevice) {
     }
 }
 
-TEST(Transform, ATallSurfaceHasItsUnitInHeight) {
-    GTran tran;
-    tran.set(Rect(0, 0, 300, 400));
-    EXPECT_FLOAT_EQ(tran.ndc.x2, 0.75f);
-    EXPECT_FLOAT_EQ(tran.ndc.y2, 1);
-}
-
 TEST(Transform, FarPointsAndNoNumbersStayWithinWhatADeviceTakes) {
     GTran tran;
     tran.set(Rect(0, 0, 1000, 500));
@@ -126,41 +119,6 @@ TEST_F(GraphTest, TellsTheDeviceOnlyWhatChanges) {
     EXPECT_EQ(device->take(), "color 1 7\nwidth 4 2.0\nwidth 2 3.0\nfillstyle 3 6\n");
 }
 
-TEST_F(GraphTest, WithoutADeviceNothingHappens) {
-    Points points;
-    points.add(0, 0);
-    points.add(1, 1);
-    EXPECT_EQ(graph.drawLine(points), 0);
-    EXPECT_EQ(graph.drawFill(points), 0);
-    EXPECT_EQ(graph.drawText(0, 0, "x"), 0);
-    EXPECT_EQ(graph.drawMark(0, 0), 0);
-    EXPECT_EQ(graph.drawSymbol(0, 0, "RA", 1), 0);
-    EXPECT_EQ(graph.setLineColor(9), 0);
-    EXPECT_EQ(graph.line_color, 1);
-    EXPECT_EQ(graph.manage(), 0);
-    EXPECT_EQ(graph.doCallback("Idle", ""), 1);
-    EXPECT_EQ(graph.setFixed(false), 1);
-    EXPECT_EQ(graph.setTran(4), 0);
-    EXPECT_EQ(graph.setViewport(-1, Rect(0, 0, 1, 1)), 0);
-}
-
-TEST_F(GraphTest, ADeviceThatCannotOpenIsDropped) {
-    auto made = std::make_unique<RecordingDevice>();
-    made->can_open = false;
-    graph.setDevice(std::move(made), 1);
-    EXPECT_EQ(graph.open(), 0);
-    EXPECT_EQ(graph.device, nullptr);
-    EXPECT_FALSE(graph.isOpen());
-}
-
-TEST_F(GraphTest, ReadsTheDeviceTextForItself) {
-    ASSERT_EQ(graph.setDevice("postscript", "x.ps,color,hfont"), 1);
-    EXPECT_EQ(graph.hfont, 1);
-    EXPECT_EQ(graph.device_type, 2);
-    ASSERT_EQ(graph.setDevice("postscript", "x.ps,color"), 1);
-    EXPECT_EQ(graph.hfont, 0);
-}
-
 // The Return key of a window closes the graph from inside the window's own event loop.
 TEST_F(GraphTest, ADeviceOutlivesItsOwnEventLoop) {
     class Closing : public RecordingDevice {
@@ -185,27 +143,4 @@ TEST_F(GraphTest, ADeviceOutlivesItsOwnEventLoop) {
     EXPECT_TRUE(gone);
     EXPECT_FALSE(graph.managed);
     EXPECT_EQ(graph.drawLine(0, 0, 1, 1), 0);
-}
-
-TEST_F(GraphTest, TakesNoCallbackWhileTheDeviceIsInControl) {
-    open();
-    EXPECT_EQ(graph.addCallback("KeyPress", &graph, nullptr), 1);
-    graph.manage();
-    EXPECT_EQ(graph.addCallback("KeyPress", &graph, nullptr), 0);
-    graph.unmanage();
-    EXPECT_EQ(graph.addCallback("KeyPress", &graph, nullptr), 1);
-}
-
-TEST_F(GraphTest, ARedrawTakesTheNewSizeIn) {
-    open();
-    device->resize(500, 500);
-    device->doCallback("Redraw", "500:500");
-    EXPECT_FLOAT_EQ(graph.getMaxViewport().ymax, 1);
-    EXPECT_EQ(device->take(), "clip 0.0 0.0 500.0 500.0\n");
-}
-
-TEST_F(GraphTest, CommentsAreCutAtAHundredCharacters) {
-    open();
-    graph.message("%s", std::string(150, 'm').c_str());
-    EXPECT_EQ(device->take(), "message " + std::string(100, 'm') + "\n");
 }

@@ -134,26 +134,6 @@ TEST_F(GraphText, PlacesABlockOfLines) {
     EXPECT_EQ(device->count("line 4"), 100 * strokes);
 }
 
-TEST_F(GraphText, LetsTheDeviceDrawItsOwnFonts) {
-    openInPixels();
-    graph.setTextHeight(20);
-    graph.setTextAlign(2, 3);
-    EXPECT_EQ(graph.setFont("#fixed_{5}_bold"), 1);
-    EXPECT_EQ(graph.font_type, 3);
-    graph.setTextHeight(40); // the size follows
-    graph.drawText(100, 100, "one\ntwo");
-    EXPECT_EQ(device->take(), "font fixed_10_bold\nfont fixed_20_bold\ntextalign 2 2\n"
-                              "text 100.0,400.0 one\ntext 100.0,452.0 two\n");
-    EXPECT_EQ(graph.setFont("#fixed"), 1);
-    EXPECT_EQ(graph.font_type, 2);
-    graph.setTextAlign(0, 0);
-    graph.setDropShadow(1);
-    device->calls.clear();
-    graph.drawText(100, 100, "x");
-    EXPECT_EQ(device->take(), "textalign 1 3\ncolor 4 1\ntext 100.0,400.0 x\ncolor 4 1\n"
-                              "text 100.0,400.0 x\n");
-}
-
 TEST_F(GraphText, FallsBackToTheModernFont) {
     openInPixels();
     for (const char* name : {"#none", "no_such.fnt"}) {
@@ -167,22 +147,4 @@ TEST_F(GraphText, FallsBackToTheModernFont) {
         EXPECT_EQ(graph.setFont(name), 0) << "the name in force";
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     }
-}
-
-TEST_F(GraphText, FindsFontsByTheirShortNames) {
-    openInPixels();
-    const int plain = graph.font.getWidth('m');
-    EXPECT_EQ(graph.setFont("bold"), 1);
-    EXPECT_STREQ(graph.font_spec, "bold.fnt");
-    EXPECT_NE(graph.font.getWidth('m'), plain);
-    EXPECT_EQ(graph.setFont("bold"), 0);
-    EXPECT_EQ(graph.setFont("modern.fnt"), 1);
-    EXPECT_EQ(graph.font.getWidth('m'), plain);
-}
-
-TEST_F(GraphText, HfontSendsEveryTextToTheDevice) {
-    openInPixels();
-    graph.hfont = 1;
-    graph.drawText(10, 10, "x");
-    EXPECT_EQ(device->take(), "textalign 1 3\ntext 10.0,490.0 x\n");
 }

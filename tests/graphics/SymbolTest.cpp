@@ -72,14 +72,6 @@ TEST_F(SymbolTest, EndsWhatTheFileCutsAndKeepsItsLimits) {
     EXPECT_EQ(std::strlen(symbol->names[0]), 14u);
 }
 
-TEST_F(SymbolTest, TellsOfAMissingFile) {
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(symbol->read("/no/such.smb"), 0);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Symbol_read: unable to load symbol file: /no/such.smb\n");
-    EXPECT_EQ(steps("RA"), "none");
-}
-
 TEST_F(SymbolTest, EveryWeatherSymbolIsFoundByItsOwnName) {
     ASSERT_EQ(symbol->read(ORV_DATA "/wx.smb"), 1);
     EXPECT_GT(symbol->num, 150);

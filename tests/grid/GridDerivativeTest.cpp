@@ -245,44 +245,6 @@ TEST_F(GridDerivatives, VorticityConvertsWindsToMetresPerSecond) {
     EXPECT_NEAR(out.data[0], expected.data[0], 1e-3f);
 }
 
-TEST_F(GridDerivatives, TransportComesInTheUnitsTheResultHad) {
-    const Grids all = collect(polar, "uvs");
-    Grid out = makeLine({1, 2});
-    out.var.setUnits("K/s");
-    EXPECT_EQ(GridMath::advection(out, all.grd[0], all.grd[1], all.grd[2]), 1);
-    EXPECT_STREQ(out.getUnits(), "K/s");
-    EXPECT_NEAR(out.data[0], -43.5e-5f, 1e-9f);
-    out.var.setUnits("knt");
-    EXPECT_EQ(GridMath::converge(out, all.grd[0], all.grd[1], all.grd[2]), 1);
-    EXPECT_STREQ(out.getUnits(), "10^-5 K/s");
-    EXPECT_NEAR(out.data[0], 2439, 0.1f);
-}
-
-TEST_F(GridDerivatives, CoriolisCombinesInBothOrders) {
-    // Rows at 30 N and 30 S, where f is 7.292e-5 /s and its negative.
-    const Domain two("ll,0,0,1,2,1,60");
-    const float values[] = {2, 2};
-    const Grid field = makeField(two, values, "rvort", "10^-5 /s");
-    const struct {
-        const char* op;
-        float north, south;
-    } cases[] = {
-        {"add", 9.292f, -5.292f},           {"sub", -5.292f, 9.292f},
-        {"sub-", 5.292f, -9.292f},          {"mul", 14.584f, -14.584f},
-        {"div", 2 / 7.292f, -2 / 7.292f},   {"div-", 3.646f, -3.646f},
-        {"other", 2 / 7.292f, -2 / 7.292f}, {nullptr, 2 / 7.292f, -2 / 7.292f},
-    };
-    for (const auto& c : cases) {
-        Grid out, in_place = field;
-        EXPECT_EQ(GridMath::coriolis(out, field, c.op), 1);
-        EXPECT_EQ(GridMath::coriolis(in_place, in_place, c.op), 1);
-        for (const Grid& grid : {out, in_place}) {
-            EXPECT_NEAR(grid.data[0], c.north, 1e-5f) << (c.op ? c.op : "null");
-            EXPECT_NEAR(grid.data[1], c.south, 1e-5f) << (c.op ? c.op : "null");
-        }
-    }
-}
-
 TEST_F(GridDerivatives, RefuseUnlikeDomainsAndMissingSpacing) {
     const Grids here = collect(polar, "uv"), there = collect(lat_lon, "uv");
     Grid out = here.grd[0];

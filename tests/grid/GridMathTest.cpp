@@ -151,16 +151,6 @@ TEST_F(GridFunctions, EachNameGivesItsVariableUnitsAndValue) {
     }
 }
 
-TEST_F(GridFunctions, LabelNamesTheResult) {
-    Grid out;
-    EXPECT_EQ(GridMath::process("sub-heating of the whole day", out, list({temp, dewp})), 1);
-    EXPECT_STREQ(out.getVar().abbr, "heating of the whol");
-    EXPECT_STREQ(out.getUnits(), "C");
-    EXPECT_NE(std::string(out.getInfo()).find("heating of the whol [C]"), std::string::npos);
-    EXPECT_EQ(GridMath::process("add-", out, list({temp, dewp})), 1);
-    EXPECT_STREQ(out.getVar().abbr, "add") << "an empty label is none";
-}
-
 TEST_F(GridFunctions, RefusedFunctionLeavesNothingThatCouldBeDrawn) {
     const Grid other = makeGrid(1, {1, 2}, "rhum", "%");
     const struct {
@@ -192,37 +182,6 @@ TEST_F(GridFunctions, RefusedFunctionLeavesNothingThatCouldBeDrawn) {
         EXPECT_EQ(GridMath::process(c.name, out, list(c.operands)), c.known)
             << (c.name ? c.name : "null");
         EXPECT_FALSE(out.isData()) << (c.name ? c.name : "null");
-    }
-}
-
-TEST_F(GridFunctions, WrongVariableIsTold) {
-    const Grid warm = makeRow({20, 21}, "temp", "C");
-    const struct {
-        const char* name;
-        std::vector<Grid> operands;
-        const char* message;
-    } cases[] = {
-        {"dewp", {rhum, rhum}, "GridMath::dewpoint: not a temperature grid\n"},
-        {"rhum", {rhum, dewp}, "GridMath::relHum: not a temperature grid\n"},
-        {"shum", {rhum, rhum}, "GridMath::specHum: not a temperature grid\n"},
-        {"shum", {warm, dewp}, "GridMath::specHum: not a rel humidity grid\n"},
-        {"wetblb", {dewp, rhum}, "GridMath::dewpoint: not a temperature grid\n"},
-        {"mrat", {warm, dewp}, "GridMath::mixRatio: not a rel humidity grid\n"},
-        {"wchill", {warm, rhum}, "GridMath::windChill: not a wind speed grid\n"},
-        {"heat", {warm, dewp}, "GridMath::heatIndex: not a rel humidity grid\n"},
-        {"theta", {dewp}, "GridMath::potTemp: not a temperature grid\n"},
-        {"vtemp", {warm, dewp}, "GridMath::virtPotTemp: not a rel hum grid\n"},
-        {"thetav", {dewp, rhum}, "GridMath::virtPotTemp: not a temperature grid\n"},
-        {"thetae", {warm, dewp}, "GridMath::equivPotTemp: not a rel hum grid\n"},
-        {"show", {warm, rhum, rhum}, "GridMath::showalter: not a temperature grid\n"},
-        {"theta", {Grid()}, ""},
-    };
-    for (const auto& c : cases) {
-        Grid out;
-        testing::internal::CaptureStdout();
-        EXPECT_EQ(GridMath::process(c.name, out, list(c.operands)), 1);
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), c.message) << c.name;
-        EXPECT_FALSE(out.isData()) << c.name;
     }
 }
 
@@ -310,70 +269,6 @@ TEST_F(GridFunctions, VectorDifferenceTakesFourOperands) {
     EXPECT_FALSE(GridMath::isVectFunc("-grad"));
 }
 
-TEST_F(GridFunctions, UnitsConvertValuesAndMendTheTitle) {
-    Grid grid = makeRow({20, miss}, "temp", "C");
-    EXPECT_EQ(GridMath::units(grid, "K"), 1);
-    EXPECT_EQ(valuesOf(grid), (std::vector<float>{293.15f, miss}));
-    EXPECT_STREQ(grid.getInfo(), "850 mb Temperature [K]");
-    for (const char* units : {"K", "", "knt"}) {
-        EXPECT_EQ(GridMath::units(grid, units), 0) << units;
-        EXPECT_EQ(grid.getValue(0, 0), 293.15f) << units;
-        EXPECT_STREQ(grid.getUnits(), "K") << units;
-    }
-    GridMath::setInfo(grid, "adv", "10^-5 K/s");
-    EXPECT_EQ(GridMath::units(grid, "K/s"), 1) << "a power of ten needs no table";
-    EXPECT_FLOAT_EQ(grid.getValue(0, 0), 293.15e-5f);
-}
-
-TEST_F(GridFunctions, LimitsReplaceAndMask) {
-    const Grid field = makeRow({-5, miss, 2, 9});
-    Grid out = field;
-    EXPECT_EQ(GridMath::cutoff(out, "lower", 0, -1, field), 1);
-    EXPECT_EQ(valuesOf(out), (std::vector<float>{-1, miss, 2, 9}));
-    EXPECT_EQ(GridMath::mask(out, "higher", 2), 1);
-    EXPECT_EQ(valuesOf(out), (std::vector<float>{-1, miss, 2, miss}));
-    EXPECT_EQ(GridMath::resetMiss(out, 7), 1);
-    EXPECT_EQ(valuesOf(out), (std::vector<float>{-1, 7, 2, 7}));
-    EXPECT_EQ(GridMath::cutoff(out, "between", 0, -1, field), 0);
-    EXPECT_EQ(GridMath::mask(out, nullptr, 0), 0);
-    EXPECT_EQ(valuesOf(out), (std::vector<float>{-1, 7, 2, 7}));
-    Grid empty;
-    EXPECT_EQ(GridMath::cutoff(out, "lower", 0, -1, empty) + GridMath::mask(empty, "lower", 0) +
-                  GridMath::resetMiss(empty, 0) + GridMath::offset(empty, 1) +
-                  GridMath::scale(empty, 2),
-              0);
-}
-
-TEST_F(GridFunctions, PositionsAndRemapping) {
-    Grid field;
-    field.setDomain(Domain("ll,40,179,3,2,4,10"));
-    field.setData(std::vector<float>{0, 1, 2, 10, 11, 12}.data());
-    const struct {
-        const char* kind;
-        std::vector<float> values;
-        const char* title;
-    } cases[] = {
-        {"lat", {45, 45, 45, 35, 35, 35}, "Latitude (deg)"},
-        {"lon", {175, 179, -177, 175, 179, -177}, "Longitude (deg)"},
-        {"projx", {-4, 0, 4, -4, 0, 4}, "Projection X"},
-        {"projy", {45, 45, 45, 35, 35, 35}, "Projection Y"},
-    };
-    Grid out;
-    for (const auto& c : cases) {
-        EXPECT_EQ(GridMath::locatePoint(out, field, c.kind), 1);
-        EXPECT_EQ(valuesOf(out), c.values) << c.kind;
-        EXPECT_STREQ(out.getInfo(), c.title);
-    }
-    EXPECT_EQ(GridMath::locatePoint(out, field, "height"), 0);
-
-    EXPECT_EQ(GridMath::remap(out, Domain("ll,41,176,2,1,2,1"), field), 1);
-    ASSERT_EQ(out.data.size(), 2);
-    EXPECT_FLOAT_EQ(out.getValue(0, 0), 4) << "4 degrees south of the first row";
-    EXPECT_FLOAT_EQ(out.getValue(1, 0), 4.5f);
-    EXPECT_EQ(GridMath::remap(out, Domain(), field), 1);
-    EXPECT_EQ(valuesOf(out), valuesOf(field));
-}
-
 TEST_F(GridFunctions, WindsTurnWithTheGrid) {
     // The meridian 10 degrees east of the central one leans by 10 sin(40), 6.428 degrees.
     const Domain cone("lamb:40:-100:40:40,40,-90,1,2,1,1");
@@ -397,23 +292,4 @@ TEST_F(GridFunctions, WindsTurnWithTheGrid) {
     EXPECT_EQ(GridMath::adjustDir(east, north, plain, 0), 1);
     EXPECT_NEAR(east.getValue(0, 0), 0, 0.05f);
     EXPECT_NEAR(north.getValue(0, 0), -10, 0.05f);
-}
-
-TEST_F(GridFunctions, GreatestSpeedCountsFullVectors) {
-    EXPECT_EQ(GridMath::maxSpd(makeRow({3, 100, 0, 1}), makeRow({4, miss, 50, 1})), 5);
-    EXPECT_EQ(GridMath::maxSpd(makeRow({3, 0}), makeRow({0, 4})), miss);
-    EXPECT_EQ(GridMath::maxSpd(makeRow({3e38f, 0}), makeRow({3e38f, 4})), inf);
-    EXPECT_EQ(GridMath::maxSpd(u, makeGrid(1, {1, 2})), miss);
-    EXPECT_EQ(GridMath::maxSpd(Grid(), Grid()), miss);
-}
-
-TEST_F(GridFunctions, ResultMayBeAnOperand) {
-    Grid x = makeRow({3, 1}, "uwnd", "m/s");
-    const Grid y = makeRow({4, miss}, "vwnd", "m/s");
-    EXPECT_EQ(GridMath::windSpd(x, x, y), 1);
-    EXPECT_EQ(valuesOf(x), (std::vector<float>{5, miss}));
-    EXPECT_EQ(GridMath::diff(x, y, x), 1);
-    EXPECT_EQ(valuesOf(x), (std::vector<float>{-1, miss}));
-    EXPECT_EQ(GridMath::add(x, y, Grid()), 0);
-    EXPECT_EQ(valuesOf(x), (std::vector<float>{-1, miss})) << "a refused sum keeps what it had";
 }

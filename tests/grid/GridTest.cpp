@@ -115,37 +115,6 @@ TEST(Grid, NoDataForSizesThatHoldNone) {
     EXPECT_EQ(grid.setData(FloatArray(), 0), 0);
 }
 
-TEST(Grid, ArraysOfAnotherSizeGoWhenTheSizeChanges) {
-    Grid grid = makeGrid();
-    ASSERT_EQ(grid.allocLocate(), 1);
-    grid.setDomain(Domain("ll,0,0,3,2,1,1"));
-    EXPECT_EQ(grid.getValue(2, 1), 400) << "the same size on another domain";
-    EXPECT_EQ(grid.setLocate(2, 1, Point(4, 5)), 1);
-    EXPECT_EQ(grid.getLocate(2, 1).y, 5);
-    Grid larger(40, 40);
-    EXPECT_EQ(larger.copyData(grid), 0);
-    EXPECT_EQ(larger.getValue(39, 39), Const::MISS);
-    grid.copyInfo(larger);
-    EXPECT_FALSE(grid.isData());
-    EXPECT_FALSE(grid.isLocate());
-    EXPECT_EQ(grid.getLocate(0, 0).x, Const::MISS);
-    EXPECT_EQ(grid.getValue(39, 39), Const::MISS);
-}
-
-TEST(Grid, CopiesAreDeep) {
-    Grid grid = makeGrid();
-    grid.setInfo("first");
-    Grid copy;
-    copy.copyInfo(grid);
-    EXPECT_STREQ(copy.getInfo(), "first");
-    EXPECT_FALSE(copy.isData());
-    copy.copyData(grid);
-    copy.setValue(0, 0, 77);
-    EXPECT_EQ(grid.getValue(0, 0), 0);
-    copy = copy; // NOLINT
-    EXPECT_EQ(copy.getValue(0, 0), 77);
-}
-
 TEST(Grid, FlipReversesRowsNotColumns) {
     Grid grid(3, 2);
     const float values[] = {1, 2, 3, 4, 5, 6};
@@ -162,70 +131,4 @@ TEST(Grid, FlipReversesRowsNotColumns) {
     EXPECT_EQ(grid.getValue(2, 1), 3);
 }
 
-TEST(Grid, StatisticsSkipMissing) {
-    Grid grid = makeGrid();
-    grid.setValue(1, 0, Const::MISS);
-    Range range;
-    EXPECT_EQ(grid.getValid(), 5);
-    EXPECT_EQ(grid.getAverage(), 144);
-    EXPECT_EQ(grid.scale(-2), 1);
-    EXPECT_EQ(grid.offset(50), 1);
-    EXPECT_EQ(grid.getValue(1, 0), Const::MISS);
-    EXPECT_EQ(grid.getRange(range), 1);
-    EXPECT_EQ(range.min, -750);
-    EXPECT_EQ(range.max, 50);
-
-    grid.allocData();
-    EXPECT_EQ(grid.getRange(range), 1);
-    EXPECT_EQ(range.min, Const::MISS);
-    EXPECT_EQ(range.max, Const::MISS);
-    EXPECT_EQ(grid.getAverage(), Const::MISS);
-    EXPECT_EQ(grid.getValid(), 0);
-    EXPECT_EQ(Grid().getRange(range), 0);
-}
-
-TEST(Grid, UnitsReplaceThoseOfTheTitle) {
-    const struct {
-        const char *info, *units, *mended;
-    } cases[] = {
-        {"Temperature [C]", "F", "Temperature [F]"},
-        {"Height (m) [old]", "dam", "Height (m) [dam]"},
-        {"Latitude (deg)", "rad", "Latitude [rad]"},
-        {"Pressure", "mb", "Pressure [mb]"},
-        {"Pressure", "", "Pressure"},
-    };
-    for (const auto& c : cases) {
-        Grid grid;
-        grid.setInfo(c.info);
-        EXPECT_EQ(grid.setUnits(c.units), *c.units != 0);
-        EXPECT_STREQ(grid.getInfo(), c.mended);
-        EXPECT_STREQ(grid.getUnits(), c.units);
-    }
-    Grid grid;
-    grid.setInfo(std::string(200, 'x').c_str());
-    grid.setUnits("mb");
-    EXPECT_STREQ(grid.getInfo(), std::string(89, 'x').c_str()) << "no room left";
-}
-
-TEST(Grid, DatesAndKey) {
-    Grid grid;
-    EXPECT_FALSE(grid.getInitDate().isSet());
-    grid.setDate(Date(2025, 1, 28, 6, 0, 0));
-    EXPECT_EQ(grid.getInitDate().hour, 6) << "no forecast";
-    grid.setForeTime("36hr");
-    EXPECT_EQ(grid.getInitDate().day, 26);
-    EXPECT_EQ(grid.getInitDate().hour, 18);
-    grid.setLevel("500mb");
-    grid.setModel(3);
-    grid.setGridType(211);
-    grid.var.var.setInd(7);
-    const GridSpec spec = grid.getSpec();
-    EXPECT_EQ(spec.model, 3);
-    EXPECT_EQ(spec.type, 211);
-    EXPECT_EQ(spec.time, 36);
-    EXPECT_EQ(spec.ltype, 100);
-    EXPECT_EQ(spec.level, 500);
-    EXPECT_EQ(spec.var[0], 7);
-    EXPECT_EQ(spec.num, Const::MISS);
-}
 } // namespace

@@ -245,28 +245,6 @@ TEST(ObjectAnal, UnderflowAndResidualsOutside) {
     EXPECT_EQ(grids.grd[0].getValid(), 0) << "no residual, so the second pass has no station";
 }
 
-TEST(ObjectAnal, DescribesTheGrids) {
-    Orv::setDatabasePath(ORV_DATA);
-    Data table(3);
-    table.addValue(EarthPoint(0, 0), 5);
-    table.setDate(Date(2025, 1, 27, 22, 0, 0));
-    VarSpec spec("temp[F]");
-    spec.setFore("anal");
-    table.setVarSpec(2, spec);
-    table.setValue(0, 2, 41);
-    Grids grids(1);
-    grids.setDomain(Domain("ll,0,0,3,3,1,1"));
-    ObjectAnal().compute(table, grids);
-    ASSERT_EQ(grids.num, 3) << "one for each field";
-    EXPECT_EQ(grids.getValue(2, 1, 1), 41);
-    EXPECT_STREQ(grids.grd[2].getUnits(), "F");
-    EXPECT_STREQ(grids.grd[2].getInfo(), table.getInfo(2));
-    EXPECT_EQ(grids.grd[2].date.day, 27);
-    EXPECT_TRUE(std::string(grids.grd[2].getDatim()).find("ORV") == 0) << grids.grd[2].getDatim();
-    EXPECT_TRUE(grids.isSet(2));
-    Orv::setDatabasePath(nullptr);
-}
-
 TEST(ObjectAnal, ConstantsAndMissingDomainsStay) {
     Grids grids;
     Grid constant;
@@ -315,61 +293,4 @@ TEST(ObjectAnal, ValuesBeyondTheUsual) {
     }
 }
 
-TEST(ObjectAnal, Settings) {
-    ObjectAnal oa;
-    oa.setRadInf(0);
-    oa.setFilter(-1);
-    oa.setNumPass(5);
-    oa.setConverg(1);
-    oa.setMinSta(0);
-    EXPECT_EQ(oa.rad_inf, 10);
-    EXPECT_EQ(oa.filter, 1);
-    EXPECT_EQ(oa.num_pass, 1);
-    EXPECT_EQ(oa.converg, 0.2F);
-    EXPECT_EQ(oa.min_sta, 1);
-
-    EXPECT_EQ(oa.set(""), 0);
-    EXPECT_EQ(oa.set("2.5,0,3"), 1);
-    EXPECT_EQ(oa.filter, 2.5F);
-    EXPECT_EQ(oa.rad_inf, 10);
-    EXPECT_EQ(oa.num_pass, 3);
-
-    oa.setParam("ct=orv.clr,pass=5,filter=-3,miss=0,min_sta,conv=x,rad_inf=7.5");
-    EXPECT_EQ(oa.num_pass, 5) << "not checked";
-    EXPECT_EQ(oa.filter, -3);
-    EXPECT_EQ(oa.miss_val, 0);
-    EXPECT_EQ(oa.min_sta, 1) << "no number";
-    EXPECT_EQ(oa.converg, 0.2F);
-    EXPECT_EQ(oa.rad_inf, 7.5F);
-
-    oa.setParam("oa=1.5:6:9:0.25:2");
-    EXPECT_EQ(oa.filter, 1.5F);
-    EXPECT_EQ(oa.rad_inf, 6);
-    EXPECT_EQ(oa.num_pass, 1) << "checked";
-    EXPECT_EQ(oa.converg, 0.25F);
-    EXPECT_EQ(oa.min_sta, 2);
-    oa.setParam("\"oa=3,4,2\"");
-    EXPECT_EQ(oa.num_pass, 2) << "quoted, with commas";
-
-    Orv::putResrc("object_param", "0.5,2");
-    EXPECT_EQ(ObjectAnal().filter, 0.5F);
-    EXPECT_EQ(ObjectAnal("filter=3").filter, 3);
-    Orv::resrc.clear();
-}
-
-TEST(ObjectAnal, Reports) {
-    Orv::setMessageLevel(8);
-    testing::internal::CaptureStdout();
-    Grids grids = makeRow();
-    Data table = makePair(10, Const::MISS);
-    table.setInfo(0, "Temperature [C]");
-    ObjectAnal("pass=2").compute(table, grids);
-    const std::string text = testing::internal::GetCapturedStdout();
-    Orv::setMessageLevel(6);
-    EXPECT_EQ(text, "Objective analysis\nData field: Temperature [C]\nNumber of stations: 2\n"
-                    "Filter parameter: 1.000\nRadius of influence: 3.000\nNumber of passes: 2\n"
-                    "Convergence factor: 0.200\nMin stations per gridpoint: 1\n"
-                    "Computing residuals...\nRMS Error for field 0: 0.000000 1\nPass: 2...\n"
-                    "Computing residuals...\nRMS Error for field 0: 0.000000\n");
-}
 } // namespace

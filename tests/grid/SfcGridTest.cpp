@@ -86,23 +86,4 @@ TEST_F(SfcGridTest, RefinesTheGrid) {
     }
 }
 
-TEST_F(SfcGridTest, SettingsFromResources) {
-    Orv::putResrc("parameter", "grid=3,min_sta=2,loc_pr=4");
-    Orv::putResrc("plot_domain", "ll,30,-39,5,3,1,1");
-    SfcGrid sfc;
-    EXPECT_EQ(sfc.grid_scale, 3);
-    EXPECT_EQ(sfc.oa.min_sta, 2);
-    EXPECT_EQ(sfc.sfc.def_prior, 4);
-    EXPECT_EQ(sfc.sfc.domain.nx, 5);
-    EXPECT_EQ(sfc.setDomain(""), 0);
-    EXPECT_EQ(sfc.sfc.domain.nx, 5);
-
-    sfc.setVariable("temp");
-    sfc.setFilename("@/nonexistent/hour");
-    Orv::setMessageLevel(0);
-    Grids grids;
-    EXPECT_EQ(sfc.compute(grids), 0);
-    Orv::setMessageLevel(6);
-    EXPECT_EQ(grids.num, 0);
-}
 } // namespace

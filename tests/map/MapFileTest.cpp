@@ -146,32 +146,6 @@ TEST_F(MapFileTest, CountOf65535GoesOnInTheNextTwoBytes) {
     EXPECT_EQ(header.id, 2);
 }
 
-TEST_F(MapFileTest, ReadingGoesOnBehindPointsThatWereNotTaken) {
-    Bytes bytes;
-    segment(bytes, 3, 1).zeros(24);
-    segment(bytes, 1, 2).bigFloat(5).bigFloat(6);
-    const std::string binary = write("a.map", bytes.text);
-    const std::string text = write("b.map", "3 20 10 40 30 1\n0 0 0 0 0 0\n1 20 10 40 30 2\n5 6\n");
-    for (const std::string& path : {binary, text})
-        for (const bool skip : {false, true}) {
-            MapFile file(path.c_str());
-            MapFileHeader header;
-            EarthPoint point;
-            ASSERT_TRUE(file.readHeader(header));
-            file.readData(point);
-            if (skip)
-                file.skipData();
-            ASSERT_TRUE(file.readHeader(header)) << path;
-            EXPECT_EQ(header.id, 2);
-            ASSERT_TRUE(file.readData(point));
-            EXPECT_EQ(point.lon, 6);
-            EXPECT_FALSE(file.readHeader(header));
-            ASSERT_TRUE(file.rewind());
-            ASSERT_TRUE(file.readHeader(header));
-            EXPECT_EQ(header.id, 1);
-        }
-}
-
 TEST_F(MapFileTest, DamagedNativeFilesGiveWhatIsWhole) {
     Bytes cut_header, cut_points, nan_points, three_counts;
     cut_header.big2(5).bigFloat(1);
@@ -223,15 +197,6 @@ TEST_F(MapFileTest, PartsOfAShapeShareItsBox) {
     EXPECT_EQ(header.max_lon, -5);
 }
 
-TEST_F(MapFileTest, HeightsOfAShapeArePassedOver) {
-    Bytes bytes;
-    // Behind two points: range and values of z, then of m; 64 bytes, 32 words.
-    shapeRecord(shapeHeader(bytes), 13, {0}, 2, 22 + 2 + 16 + 32);
-    bytes.littleDouble(1).littleDouble(2).littleDouble(3).littleDouble(4).zeros(64);
-    shapeRecord(bytes, 3, {0}, 1).littleDouble(5).littleDouble(6);
-    EXPECT_EQ(contentOf(write("z.shp", bytes.text)), " 7 2: 2,1 4,3\n 7 1: 6,5\n");
-}
-
 TEST_F(MapFileTest, ShapesThatContradictThemselvesEndTheFile) {
     const int most = std::numeric_limits<int>::max();
     Bytes cut, many, falling, beyond, negative, unknown, endless, nan_point;
@@ -281,22 +246,6 @@ TEST_F(MapFileTest, KmlGivesEachCoordinatesElementWithItsName) {
     EXPECT_EQ(data.type, 1) << "a line";
     ASSERT_TRUE(file.read(data));
     EXPECT_EQ(data.type, 0);
-}
-
-TEST_F(MapFileTest, KmlIsKnownPackedMarkedOrWithoutADeclaration) {
-    const std::string document = kml("<Placemark><coordinates>1,2</coordinates></Placemark>");
-    const std::string packed = folder / "a.kmz.kml";
-    gzFile out = gzopen(packed.c_str(), "wb");
-    gzwrite(out, document.data(), static_cast<unsigned>(document.size()));
-    gzclose(out);
-    const std::string marked = write("b.kml", "\xef\xbb\xbf" + document);
-    const std::string bare = write("c.kml", document.substr(document.find('\n') + 1));
-    for (const std::string& path : {packed, marked, bare}) {
-        EXPECT_EQ(MapFile::checkType(path.c_str()), MapFile::KML) << path;
-        EXPECT_EQ(contentOf(path), " 0 1: 2,1\n") << path;
-    }
-    EXPECT_FALSE(KmlFile().open(write("d.kml", "<?xml version=\"1.0\"?><gpx/>").c_str()));
-    EXPECT_FALSE(KmlFile().open(write("e.kml", document.substr(0, 90)).c_str())) << "cut";
 }
 
 TEST_F(MapFileTest, HostileKmlStaysSmall) {

@@ -39,20 +39,6 @@ TEST_F(MapLatLonTest, TheDateLineIsDrawnTwiceOnlyWhereTheMapHasBothEnds) {
     EXPECT_EQ(draw("moll:0:0,0,0,73,37,3.6,3.6", 30, 90), "60S 30S EQ 30N 60N DL 90W PM 90E ");
 }
 
-TEST_F(MapLatLonTest, LargeMapsHaveLabelsInside) {
-    const std::string small = draw("ps:90:0:60,60,0,21,21,1,1", 30, 60);
-    const std::string large = draw("ps:90:0:60,90,0,61,61,3,3", 30, 60);
-    const auto count = [](const std::string& text, const char* label) {
-        int n = 0;
-        for (auto at = text.find(label); at != std::string::npos; at = text.find(label, at + 1))
-            n++;
-        return n;
-    };
-    EXPECT_EQ(count(small, "60E"), 0) << small;
-    EXPECT_GE(count(large, "60E"), 1) << large;
-    EXPECT_GE(count(large, "60N"), 1) << large;
-}
-
 TEST_F(MapLatLonTest, NoLineCrossesTheMapAtItsCut) {
     const struct {
         const char* domain;
@@ -81,12 +67,6 @@ TEST_F(MapLatLonTest, SpacingsThatMakeNoLinesDrawNothing) {
         EXPECT_EQ(draw("ll:0:0,0,0,41,21,1,1", spacing, 10), "") << spacing;
     EXPECT_EQ(draw("xy,0,0,41,21,1,1", 5, 5), "");
     EXPECT_EQ(device->count("line"), 0);
-}
-
-TEST_F(MapLatLonTest, FractionsMeetTheEquator) {
-    const std::string labels = draw("ll:0:0,0,0,41,11,0.1,0.1", 0.1f, 90);
-    EXPECT_NE(labels.find("EQ"), std::string::npos) << labels;
-    EXPECT_EQ(labels.find("-0"), std::string::npos) << labels;
 }
 
 } // namespace

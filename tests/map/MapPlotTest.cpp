@@ -40,33 +40,6 @@ protected:
     }
 };
 
-TEST_F(MapPlotTest, ParametersAreTakenByTheirLeadingCharacters) {
-    MapPlot map(
-        "ctable=x,co=red,coll=blue,coln=green,mf=a.map,fill,fc,map_in,index,lalo=10:20,fillx");
-    EXPECT_STREQ(map.color_table.get(), "x");
-    EXPECT_STREQ(map.color.get(), "red");
-    EXPECT_STREQ(map.color_latlon.get(), "blue");
-    EXPECT_STREQ(map.color_line.get(), "green");
-    EXPECT_STREQ(map.map_files.get(), "a.map");
-    EXPECT_TRUE(map.fill && map.fill_cont && map.map_in && map.index);
-    EXPECT_EQ(map.lat_inc, 10);
-    EXPECT_EQ(map.lon_inc, 20);
-    EXPECT_EQ(MapPlot("lalo").lon_inc, 5);
-    EXPECT_EQ(MapPlot("lalo=2").lon_inc, 2);
-
-    const struct {
-        const char* param;
-        int def, type;
-    } layers[] = {
-        {"", 1, 0},          {"under", 0, 1},           {"over", 0, 2},
-        {"nodefault", 1, 0}, {"under,nodefault", 0, 1}, {"default,over", 2, 2},
-    };
-    for (const auto& layer : layers) {
-        EXPECT_EQ(MapPlot(layer.param).def, layer.def) << layer.param;
-        EXPECT_EQ(MapPlot(layer.param).type, layer.type) << layer.param;
-    }
-}
-
 TEST_F(MapPlotTest, MarksChooseTheLayer) {
     write("list.mpl", "a.map\n-b.map +c.map\n");
     const struct {
@@ -210,29 +183,6 @@ TEST_F(MapPlotTest, OtherKindsOfItemsDraw) {
     EXPECT_EQ(color(1), "0000ff");
 }
 
-TEST_F(MapPlotTest, PicturesThatCantBeReadAreReported) {
-    const struct {
-        const char *item, *warning;
-    } cases[] = {
-        {"if:x.tif:red:0:1", "Map image not found: x.tif\n"},
-        {"radar.png", "Map image not found: radar.png\n"},
-        {"im:sat", "Map image not found: sat\n"},
-        {"map.meta", "Map metafile not found: map.meta\n"},
-    };
-    for (const auto& c : cases) {
-        testing::internal::CaptureStderr();
-        draw(c.item);
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), c.warning);
-    }
-}
-
-TEST_F(MapPlotTest, FilesMayHaveAPathOrNotBeThere) {
-    EXPECT_EQ(draw("none.map,a.map"), "na");
-    EXPECT_EQ(device->count("line 1"), 1);
-    draw((folder / "b.map").c_str());
-    EXPECT_EQ(device->count("line 1"), 1);
-}
-
 TEST_F(MapPlotTest, SegmentsOutsideTheDomainAreLeftOut) {
     const char* europe = "ll:0:0,50,10,31,21,1,1";
     const struct {
@@ -279,30 +229,6 @@ TEST_F(MapPlotTest, MissingPlacesPartALine) {
     write("a.map", "5 0 0 0 0 1\n0 0 10 10 -9999 -9999 20 20 20 30\n");
     draw("a.map");
     EXPECT_EQ(lines().size(), 2u);
-}
-
-TEST_F(MapPlotTest, PlotsWithoutMapsDrawNone) {
-    show(square);
-    plot.setDrawing("-map");
-    MapPlot map;
-    map.setMapFiles("a.map");
-    EXPECT_EQ(map.draw(plot), 0);
-    show("hodo,0,0,41,41,1,1");
-    map.draw(plot);
-    EXPECT_EQ(device->count("line 1"), 0);
-}
-
-TEST_F(MapPlotTest, IndexNumbersSegmentsByColor) {
-    write("a.map", "2 0 0 0 0 3\n0 0 10 10\n2 0 0 0 0 -7\n0 5 10 15\n");
-    show(square);
-    plot.setFont("#plain");
-    MapPlot map("index");
-    map.setMapFiles("a.map");
-    testing::internal::CaptureStdout();
-    map.draw(plot);
-    const std::string words = testing::internal::GetCapturedStdout();
-    EXPECT_NE(words.find("3 yellow 2 0.0000 0.0000\n"), std::string::npos) << words;
-    EXPECT_EQ(device->count("text "), 2);
 }
 
 } // namespace

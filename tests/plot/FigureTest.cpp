@@ -130,14 +130,6 @@ TEST_F(FigureTest, FramesWithoutDataAreLeftOut) {
     EXPECT_EQ(drawing.drawn, 5);
 }
 
-TEST_F(FigureTest, NothingLoopsWithoutADrawingThatVaries) {
-    drawing.loop = 0;
-    start("nf=3");
-    figure.endPlot();
-    EXPECT_EQ(drawing.drawn, 0);
-    EXPECT_EQ(device->getNumFrames(), 0);
-}
-
 TEST_F(FigureTest, SyncDrawingSetsTheTimeBase) {
     FakeDrawing leader;
     leader.sync = 1;
@@ -149,31 +141,6 @@ TEST_F(FigureTest, SyncDrawingSetsTheTimeBase) {
     figure.endPlot();
     EXPECT_EQ(leader.take(), "settings 05:00 05:00 draw 06:00 06:00 draw ");
     EXPECT_EQ(drawing.take(), "05:00 draw 06:00 draw ");
-}
-
-TEST_F(FigureTest, ForecastTimesAreFrames) {
-    figure.setForeTime("0-12/6");
-    start();
-    figure.endPlot();
-    EXPECT_STREQ(figure.fore_time.get(), "0,6,12");
-    EXPECT_EQ(drawing.take(), "settings 18:00 fore=0 draw 18:00 fore=6 draw 18:00 fore=12 draw ");
-
-    const struct {
-        const char* text;
-        const char* times;
-    } rows[] = {
-        {"18", "18"},
-        {"6,12", "6,12"},
-        {"12-6/3", ""},
-        {"0-12/0", "0-12/0"},
-    };
-    for (const auto& row : rows) {
-        figure.fore_time.clear();
-        figure.setForeTime(row.text);
-        EXPECT_STREQ(figure.fore_time.get(), row.times) << row.text;
-    }
-    figure.setForeTime("0-2000000000/1");
-    EXPECT_LT(figure.fore_time.length(), 10000);
 }
 
 TEST_F(FigureTest, CurrentIsADateOrAnAge) {
@@ -201,30 +168,6 @@ TEST_F(FigureTest, CurrentIsADateOrAnAge) {
     start();
     figure.endPlot();
     EXPECT_EQ(figure.date.getSeconds(), drawing.base.getSeconds()) << "the drawing knows";
-}
-
-TEST_F(FigureTest, ARunGivenByDatesGoesForward) {
-    start();
-    figure.setDate(drawing.base, -3600, 3);
-    EXPECT_EQ(figure.date - drawing.base, -3 * 3600);
-    EXPECT_EQ(figure.date_inc, 3600);
-    figure.endPlot();
-    EXPECT_EQ(drawing.drawn, 3);
-}
-
-TEST_F(FigureTest, ParametersApplyInOrder) {
-    figure.setParam("ref,norefresh,nobord,nf=x,linc=999999999,co=red");
-    EXPECT_EQ(figure.refresh, 0);
-    EXPECT_EQ(figure.border, 0);
-    EXPECT_EQ(figure.num_frames, 0);
-    EXPECT_GT(figure.date_inc, 0);
-    figure.setParam("ref=20");
-    EXPECT_EQ(figure.refresh, 20);
-    figure.setParam("ref,nf=1,linc=10");
-    start();
-    figure.endPlot();
-    EXPECT_EQ(figure.refresh, 600) << "the time between frames";
-    EXPECT_EQ(device->count("line 1"), 0) << "no border";
 }
 
 TEST_F(FigureTest, PanelsOfTheQueueAreRebuiltInEveryFrame) {
@@ -287,23 +230,6 @@ TEST_F(FigureTest, IdleBringsInNewData) {
     figure.last_refresh = now - 61;
     figure.callback("Idle", nullptr, nullptr);
     EXPECT_EQ(drawing.drawn, 2) << "the same file again";
-}
-
-TEST_F(FigureTest, DrawingsSubscribeOnce) {
-    class Subscriber : public FakeDrawing, public Listener {
-    public:
-        int draw(Plot& plot) override {
-            plot.addCallback("AnyEvent", this, nullptr);
-            return FakeDrawing::draw(plot);
-        }
-        void callback(const char*, const char*, const void*) override {}
-    } subscriber;
-    start();
-    figure.addDrawing(subscriber);
-    figure.endPlot();
-    const size_t once = device->listeners.size();
-    figure.draw();
-    EXPECT_EQ(device->listeners.size(), once);
 }
 
 } // namespace

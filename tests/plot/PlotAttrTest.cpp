@@ -60,33 +60,6 @@ TEST(AttributeText, SetsWhatItNames) {
         EXPECT_EQ(fields(PlotAttr(c.text)), c.fields) << c.text;
 }
 
-TEST(AttributeText, AddsToWhatIsThere) {
-    PlotAttr a("red:wi=2", "blue:st=3:wi=5:la=low");
-    EXPECT_EQ(fields(a), "red width=2 style=3 label=low");
-    a.setColorInd(4);
-    a.parse("wi=7");
-    EXPECT_EQ(a.color_ind, 4);
-    a.parse("green");
-    EXPECT_EQ(a.color_ind, Const::MISS); // to be looked up anew
-    a.parse(nullptr);
-    EXPECT_STREQ(a.color, "green");
-    EXPECT_EQ(fields(PlotAttr(nullptr, "blue")), "blue");
-
-    PlotAttr other("off:sh=4:la=high:fo=bold");
-    other.setColorInd(-1);
-    a.update(other);
-    EXPECT_EQ(fields(a), "off width=7 style=3 ind=-1 font=bold label=low");
-}
-
-TEST(AttributeColor, IsOffByNameIndexOrAbsence) {
-    PlotAttr a("red");
-    EXPECT_TRUE(a.validColor());
-    a.setColorInd(-1);
-    EXPECT_FALSE(a.validColor());
-    EXPECT_FALSE(PlotAttr("OFF").validColor());
-    EXPECT_FALSE(PlotAttr().validColor());
-}
-
 TEST(AttributeWords, NameFillsAndMarks) {
     const struct {
         const char* text;

@@ -108,28 +108,6 @@ TEST_F(PlotLabelTest, LabelOfTheUserHasItsPositionAlone) {
     EXPECT_FLOAT_EQ(plot.graph.text_height, 0.75f * 0.03f * 0.46f) << "at most 3% of the view";
 }
 
-TEST_F(PlotLabelTest, LabelFormatCountsInLines) {
-    openMap();
-    plot.setLabelColor("red:hi=2");
-    plot.setLabelFormat("blue:hi=0.5");
-    plot.addLabel("ul", "small");
-    plot.done();
-    plot.drawLabels();
-    EXPECT_FLOAT_EQ(plot.graph.text_height, 0.5f * 0.75f * 0.0138f);
-    EXPECT_EQ(plot.graph.text_color, plot.getColorValue("blue"));
-}
-
-TEST_F(PlotLabelTest, NoMoreLabelsThanThirty) {
-    openMap();
-    for (int i = 0; i < 30; i++)
-        EXPECT_TRUE(plot.addLabel("ul", "text"));
-    EXPECT_FALSE(plot.addLabel("ul", "text"));
-    plot.clearLabels();
-    EXPECT_TRUE(plot.addLabel("ul", std::string(1000, 'x').c_str()));
-    EXPECT_EQ(device->count("clearrect 0.0 0.0 1000.0 20.0"), 1);
-    EXPECT_EQ(device->count("clearrect 0.0 480.0 1000.0 500.0"), 1);
-}
-
 TEST_F(PlotLabelTest, BorderIsDrawnAroundTheView) {
     openMap();
     plot.drawBorder();
@@ -200,33 +178,6 @@ TEST_F(PlotLabelTest, BarSurvivesFillsAndRangesOfAllKinds) {
                 plot.drawBar();
                 EXPECT_LE(device->count("fill 3"), 4096);
             }
-}
-
-TEST(LogoText, PlaceAndOffset) {
-    const struct {
-        const char* text;
-        const char* name;
-        int tran, halign, valign;
-        float x, y;
-    } rows[] = {
-        {"logo.png", "logo.png", 1, 3, 1, 10, 0},     {"IF:a.gif:ul:1:-2", "a.gif", 0, 1, 3, 1, 3},
-        {"im:a.gif::1:2", "a.gif", 1, 3, 1, 11, 2},   {"a.png:uc", "a.png", 1, 2, 3, 5, 5},
-        {"a.png:nowhere:x", "a.png", 1, 3, 1, 10, 0},
-    };
-    for (const auto& row : rows) {
-        LogoText logo;
-        ASSERT_TRUE(logo.set(row.text)) << row.text;
-        EXPECT_EQ(logo.name, row.name);
-        EXPECT_EQ(logo.tran, row.tran) << row.text;
-        EXPECT_EQ(logo.halign, row.halign) << row.text;
-        EXPECT_EQ(logo.valign, row.valign) << row.text;
-        const Point at = logo.getAnchor(Rect(0, 0, 10, 5));
-        EXPECT_FLOAT_EQ(at.x, row.x) << row.text;
-        EXPECT_FLOAT_EQ(at.y, row.y) << row.text;
-    }
-    EXPECT_FALSE(LogoText().set("logo.jpg"));
-    EXPECT_FALSE(LogoText().set(""));
-    EXPECT_FALSE(LogoText().set(nullptr));
 }
 
 } // namespace

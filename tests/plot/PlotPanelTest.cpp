@@ -56,20 +56,6 @@ TEST_F(PlotTest, MapLeavesMarginsUnlessThePictureIsFull) {
     expectRect(plot.graph.getViewport(1), 0.25f, 0, 0.75f, 0.5f);
 }
 
-TEST_F(PlotTest, PlainPanelHasTheSurfaceAsDomain) {
-    open();
-    plot.setPanel();
-    EXPECT_EQ(plot.getProj(), 21);
-    expectRect(plot.getDomain().limits, 0, 0, 1, 0.5f);
-    expectRect(plot.graph.getViewport(1), 0, 0, 1, 0.5f);
-}
-
-TEST_F(PlotTest, FirstPanelTakesThePlaceOfTheParameter) {
-    open("pan=2x1+1+0");
-    plot.setPanel(Rect(0, 0, 1, 1), Domain("xy,0,0,11,11,1,1"));
-    expectRect(plot.graph.getViewport(1), 0.5f, 0, 1, 0.5f);
-}
-
 // The pixel that shows a plot coordinate must lead back to it, in every panel.
 TEST_F(PlotTest, PointerFindsThePanelAndThePlaceInIt) {
     open();
@@ -121,32 +107,6 @@ TEST_F(PlotTest, NextFrameBeginsOnTheWholeSurfaceAgain) {
     expectRect(plot.graph.getViewport(0), 0, 0, 1, 0.5f);
     expectRect(plot.graph.getViewport(1), 0.27f, 0.02f, 0.73f, 0.48f);
     expectRect(plot.graph.getWindow(1), -5, -5, 5, 5);
-}
-
-TEST_F(PlotTest, PanelsBeyondTheLastTakeItsPlace) {
-    open();
-    plot.setPanel(Domain("xy,0,0,11,11,1,1"));
-    for (int i = 0; i < 40; i++)
-        plot.newPanel("4x4+1+1");
-    EXPECT_EQ(plot.num_panels, 16);
-    EXPECT_EQ(plot.cur_panel, 15);
-    plot.newPanel("4x4+3+3");
-    expectRect(plot.panels[15].limits, 0.75f, 0, 1, 0.125f);
-    plot.setPanel(3);
-    plot.newPanel("4x4+0+0");
-    EXPECT_EQ(plot.cur_panel, 15);
-    EXPECT_FALSE(plot.setPanel(16));
-    EXPECT_FALSE(plot.setPanel(-1));
-}
-
-TEST_F(PlotTest, ViewDomainIsAGridOfPixels) {
-    open();
-    plot.setPanel(Domain("xy,0,0,11,11,1,1"));
-    Domain pixels;
-    EXPECT_TRUE(plot.getViewDomain(pixels));
-    EXPECT_EQ(pixels.nx, 460);
-    EXPECT_EQ(pixels.ny, 460);
-    EXPECT_FLOAT_EQ(pixels.dx, 10.0f / 460);
 }
 
 } // namespace

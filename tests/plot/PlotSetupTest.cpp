@@ -32,51 +32,6 @@ TEST_F(PlotTest, DrawingTextChoosesTheParts) {
     EXPECT_FALSE(plot.isDrawing(-1));
 }
 
-TEST(PlotGeometry, SizeAndOffset) {
-    const float none = Const::MISS;
-    const struct {
-        const char* text;
-        int result;
-        float width, height, x, y;
-    } rows[] = {
-        {"800x600", 1, 800, 600, none, none},
-        {"800x600+10-20", 2, 800, 600, 10, -20},
-        {"+10-20", 3, none, none, 10, -20},
-        {"800x", 0, 0, 0, 0, 0},
-        {"800x600+10", 0, 0, 0, 0, 0},
-        {"wide", 0, 0, 0, 0, 0},
-        {"", 0, 0, 0, 0, 0},
-        {nullptr, 0, 0, 0, 0, 0},
-    };
-    for (const auto& row : rows) {
-        GeomBox box;
-        EXPECT_EQ(Plot::decodeGeometryStr(row.text, box), row.result) << row.text;
-        EXPECT_EQ(box.width, row.width) << row.text;
-        EXPECT_EQ(box.height, row.height) << row.text;
-        EXPECT_EQ(box.x, row.x) << row.text;
-        EXPECT_EQ(box.y, row.y) << row.text;
-    }
-}
-
-TEST_F(PlotTest, ParametersTakeTheirOwnAndPassOverTheRest) {
-    open();
-    plot.setParam("ti=Noon map,co=red,fi=x.sfc,col=red:hi=2,PAN=2x2+1+0,full_lab,tz=EST:-5,"
-                  "trans_col=black,lo=a.png,bar=lo=ur");
-    EXPECT_STREQ(plot.title, "Noon map");
-    EXPECT_STREQ(plot.label_color.get(), "red:hi=2");
-    EXPECT_STREQ(plot.panel_text, "2x2+1+0");
-    EXPECT_EQ(plot.full, 2);
-    EXPECT_EQ(plot.timezone.getOffset(), -5 * 3600);
-    EXPECT_STREQ(plot.trans_col, "black");
-    EXPECT_STREQ(plot.logo.get(), "a.png");
-    EXPECT_STREQ(plot.bar.locate, "ur");
-    EXPECT_EQ(device->take(), "title Noon map\n");
-    plot.setParam("FULL,inv,ti=,ti,bar=,pan");
-    EXPECT_EQ(plot.full, 1);
-    EXPECT_TRUE(device->inverse);
-    EXPECT_STREQ(plot.title, "Noon map");
-}
-
 TEST_F(PlotTest, OpeningTakesResourcesFirstAndItsOwnTextLast) {
     Orv::putResrc("geometry", "300x200");
     Orv::putResrc("parameter", "ti=Resource,full");
@@ -93,13 +48,6 @@ TEST_F(PlotTest, OpeningTakesResourcesFirstAndItsOwnTextLast) {
     EXPECT_EQ(plot.getColorValue("white"), 0xFFFFFF);
     EXPECT_EQ(plot.getColorValue("#102030"), 0x102030);
     EXPECT_EQ(plot.update(), 0) << "a picture is saved, not shown";
-}
-
-TEST_F(PlotTest, ADeviceThatIsNotPartOfTheProgramEndsTheRunWithAWayOut) {
-    if (Graph().setDevice("meta", ""))
-        GTEST_SKIP() << "all kinds of devices are part of the program";
-    EXPECT_EXIT(Plot().open("de=m,map.mta"), testing::ExitedWithCode(Orv::NOGRAPH),
-                "-de p,file.ps");
 }
 
 TEST_F(PlotTest, PageFileOfTheTextWinsOverTheResource) {
@@ -130,24 +78,6 @@ TEST_F(PlotTest, PageFileOfTheTextWinsOverTheResource) {
         EXPECT_FALSE(std::filesystem::exists(other)) << row.what;
     }
     std::filesystem::remove_all(dir);
-}
-
-TEST_F(PlotTest, AColorThatIsOffKeepsItsContextFromBeingDrawn) {
-    show("xy,5,5,11,11,1,1");
-    const Rect square(1, 1, 2, 2);
-    plot.setLine("off");
-    plot.setFill("nosuchcolor");
-    plot.setText("none");
-    plot.setMark("off");
-    EXPECT_EQ(plot.drawLine(1, 1, 2, 2) + plot.drawRect(square) + plot.drawCircle(Point(5, 5), 1) +
-                  plot.drawFill(square) + plot.drawText(1, 1, "A") + plot.drawMark(1, 1),
-              0);
-    plot.setLine("red:wi=3:st=dsh");
-    EXPECT_EQ(device->take(), "color 1 " + std::to_string(plot.getColorValue("red")) +
-                                  "\nstyle 1 2\nwidth 1 3.0\n");
-    EXPECT_TRUE(plot.drawLine(1, 1, 2, 2));
-    plot.setLine("wi=1");
-    EXPECT_TRUE(plot.drawLine(1, 1, 2, 2)) << "no color named: the one in force stays";
 }
 
 TEST_F(PlotTest, DefaultColorShowsOnTheSurface) {

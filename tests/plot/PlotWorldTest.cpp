@@ -57,35 +57,6 @@ TEST_F(PlotTest, LinesOverTheDateLineShowOnBothSides) {
     EXPECT_EQ(text(lines()), "170,0 180,10 / -180,10 -170,20 / ");
 }
 
-TEST_F(PlotTest, CallersListStaysAsItIs) {
-    show(world);
-    Points line;
-    line.add(170, 0);
-    line.add(-170, 0);
-    plot.drawFill(line);
-    plot.drawLine(line);
-    EXPECT_EQ(line.getX(1), -170);
-    EXPECT_EQ(lines().size(), 2u) << "after a fill of the same list";
-}
-
-TEST_F(PlotTest, MissingPointsPartALine) {
-    show(world);
-    const float none = Const::MISS;
-    Points line;
-    for (const Point& point : {Point(0, 0), Point(10, 0), Point(none, none), Point(20, 0),
-                               Point(none, 5), Point(NAN, 5), Point(30, 0), Point(40, 0)})
-        line.add(point);
-    plot.drawLine(line);
-    EXPECT_EQ(text(lines()), "0,0 10,0 / 30,0 40,0 / ");
-    device->take();
-    plot.drawSpline(line);
-    EXPECT_EQ(lines().size(), 2u);
-    device->take();
-    EXPECT_EQ(plot.drawLine(Point(0, 0), Point(none, none)), 0);
-    EXPECT_EQ(plot.drawMark(none, none) + plot.drawText(Point(), "A"), 0);
-    EXPECT_EQ(device->take(), "");
-}
-
 TEST_F(PlotTest, NothingRunsAcrossAnyMap) {
     // Parallels, two turns of them, and meridians, and circles over a pole and the date line.
     const struct {
@@ -258,37 +229,6 @@ TEST_F(PlotTest, PolygonBehindTheLimbIsFilledAlongIt) {
         top = std::max<double>(top, point.y);
     }
     EXPECT_NEAR(top, limb, 0.3) << "up to the upper limb, though the pole is hidden";
-}
-
-TEST_F(PlotTest, LinesReachTheLimb) {
-    show("ortho:0:0,0,0,61,61,2.2,2.2");
-    EarthPoints parallel;
-    for (int lon = -120; lon <= 120; lon += 20)
-        parallel.add(0, static_cast<float>(lon));
-    plot.drawLine(parallel);
-    const std::vector<Shape> shapes = lines();
-    ASSERT_EQ(shapes.size(), 1u);
-    EXPECT_NEAR(shapes[0].front().x, -earth, 0.2);
-    EXPECT_NEAR(shapes[0].back().x, earth, 0.2);
-}
-
-TEST_F(PlotTest, SurfaceCoordinatesAreNotWrapped) {
-    show(world);
-    plot.graph.activateTran(0);
-    device->take();
-    Points frame;
-    frame.add(0.1f, 0.1f);
-    frame.add(0.9f, 0.1f);
-    plot.drawLine(frame);
-    EXPECT_EQ(device->take(), "line 1 100.0,400.0 900.0,400.0\n");
-}
-
-TEST_F(PlotTest, GridAndEarthFormsMeetOnTheMap) {
-    show(world);
-    plot.drawLine(GridPoint(90, 45), GridPoint(95, 45)); // column 90 lies at 0, row 45 at 0
-    plot.drawLine(EarthPoint(0, 0), EarthPoint(0, 10));
-    EXPECT_EQ(device->calls[0], device->calls[1]);
-    EXPECT_EQ(text(lines()), "0,0 10,0 / 0,0 10,0 / ");
 }
 
 } // namespace

@@ -10,17 +10,6 @@ using namespace ORV;
 
 namespace {
 
-TEST(Spline, TwoPointsAreTheStraightLine) {
-    Points points;
-    points.add(0, 0);
-    points.add(3, 4);
-    const Spline spline(points, 2);
-    EXPECT_FLOAT_EQ(spline.getDist(), 5);
-    const Point middle = spline.getPoint(2.5f);
-    EXPECT_FLOAT_EQ(middle.x, 1.5f);
-    EXPECT_FLOAT_EQ(middle.y, 2);
-}
-
 // By hand: the natural spline through (0,0), (1,1), (2,0) has the second derivative -3 at 1, so
 // at 0.5 it is 0.5 + 3 * (0.5 - 0.125) / 6.
 TEST(Spline, NaturalCubicOfX) {
@@ -48,18 +37,6 @@ TEST(Spline, ClosedCurveIsSmoothThroughItsStart) {
     EXPECT_NEAR(start, end, 0.1); // radians; a curve that ends there has a kink of 0.8
     for (float s = 0; s < length; s += step)
         EXPECT_NEAR(std::hypot(spline.getPoint(s).x, spline.getPoint(s).y), 1, 0.02);
-}
-
-TEST(Spline, NothingFromNothing) {
-    const Spline empty(Points(), 2);
-    EXPECT_EQ(empty.getDist(), 0);
-    EXPECT_EQ(empty.getPoint(1).x, Const::MISS);
-    EXPECT_EQ(empty.getValue(1), Const::MISS);
-    Points one;
-    one.add(2, 3);
-    one.add(2, 3);
-    EXPECT_EQ(Spline(one, 2).getDist(), 0);
-    EXPECT_EQ(Spline(one, 2).getPoint(7).y, 3);
 }
 
 } // namespace

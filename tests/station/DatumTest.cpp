@@ -71,14 +71,6 @@ TEST(DatumAttr, MarkersAlignmentsAndKinds) {
     EXPECT_STREQ(parse("red,plot").color, "red");
 }
 
-TEST(DatumAttr, TakesOverWhatPlotAttributesGive) {
-    DatumAttr attr = parse("green,we=2");
-    attr.set(PlotAttr("red:wi=3"));
-    EXPECT_STREQ(attr.color, "red");
-    EXPECT_EQ(attr.width, 3);
-    EXPECT_EQ(attr.weight, 2);
-}
-
 TEST(Datum, BoundsAndMissingValues) {
     Datum datum(40, -100, Datum::WBARB, 270, 15, "red");
     EXPECT_EQ(datum.setValue(5, 1), 0);

@@ -97,22 +97,6 @@ protected:
 };
 } // namespace
 
-TEST_F(XWindowTest, ClosedItRefusesAllThatDraws) {
-    Points points = box(1, 1, 5, 5);
-    Point point(1, 1);
-    std::vector<XWindow::Pixel> pixels;
-    EXPECT_EQ(window.drawLine(line_context, points), 0);
-    EXPECT_EQ(window.drawFill(fill_context, points), 0);
-    EXPECT_EQ(window.drawText(point, "a"), 0);
-    EXPECT_EQ(window.setClip(0, 0, 5, 5), 0);
-    EXPECT_EQ(window.clear(), 0);
-    EXPECT_EQ(window.update(), 0);
-    EXPECT_EQ(window.newFrame(-1), 0);
-    EXPECT_EQ(window.readPixels(pixels), 0);
-    EXPECT_EQ(window.manage(), 0);
-    EXPECT_EQ(window.close(), 0);
-}
-
 TEST_F(XWindowTest, LinesAndFillsCoverTheirPixelsWithinTheClipArea) {
     ASSERT_EQ(window.open(), 1);
     EXPECT_EQ(drawn(window).size(), 0u);
@@ -217,22 +201,6 @@ TEST_F(XWindowTest, TextStandsAtItsPointAndFontsAreMatchedInSize) {
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Unable to load font\n");
 }
 
-TEST_F(XWindowTest, PixelsAreCopiedWhereTheyAreNotTransparent) {
-    ASSERT_EQ(window.open(), 1);
-    window.setClip(0, 0, 54, 99);
-    const auto pixel = [](int i, int j) { return i == j ? -1L : 0x100000L * i + j; };
-    EXPECT_EQ(window.drawPixels(8, 4, pixel, 50, 20), 1);
-    std::vector<XWindow::Pixel> pixels;
-    window.readPixels(pixels);
-    const auto at = [&](int x, int y) { return pixels[std::size_t(y * 200 + x)]; };
-    EXPECT_EQ(at(53, 20), 0x300000u);
-    EXPECT_EQ(at(52, 23), 0x200003u);
-    EXPECT_EQ(at(51, 21), window.back_pixel) << "transparent";
-    EXPECT_EQ(at(55, 20), window.back_pixel) << "outside the clip area";
-    window.drawLine(line_context, 0, 90, 199, 90);
-    EXPECT_EQ(drawn(window).count({30, 90}), 1u) << "the clip area is back";
-}
-
 TEST_F(XWindowTest, FramesAreCopiedSteppedRoundAndDeleted) {
     ASSERT_EQ(window.open(), 1);
     EXPECT_EQ(window.incFrame(1), -1);
@@ -302,21 +270,6 @@ TEST_F(XWindowTest, AStepOfALoopIsACopyAndRefreshesLeaveNothingBehind) {
     constexpr long frame_kilobytes = 640 * 512 * 4 / 1024;
     EXPECT_LT(residentKilobytes(server->pid) - server_was, 4 * frame_kilobytes);
     EXPECT_LT(residentKilobytes(getpid()) - was, 4 * frame_kilobytes);
-}
-
-TEST_F(XWindowTest, TheSpeedOfALoopGoesByTenthsAndBySeconds) {
-    const struct {
-        float delay;
-        int step;
-        float expected;
-    } rates[] = {{0.5f, 1, 0.4f},   {2.0f, 1, 1.0f},   {0.1f, 1, 0.05f},
-                 {0.05f, 1, 0.05f}, {0.05f, -1, 0.1f}, {0.5f, -1, 0.6f},
-                 {1.5f, -1, 2.5f},  {9.5f, -1, 10},    {10, -1, 10}};
-    for (const auto& rate : rates) {
-        window.delay = rate.delay;
-        window.loopRate(rate.step);
-        EXPECT_NEAR(window.delay, rate.expected, 1e-5) << rate.delay << " " << rate.step;
-    }
 }
 
 TEST_F(XWindowTest, EventsComeAsTextsAndStormsAsOne) {
