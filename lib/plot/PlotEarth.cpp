@@ -24,6 +24,17 @@ bool project(const Domain& domain, const Place& place, Point& point) {
     return !isMissing(point);
 }
 
+// Draws points as they are, and once more on the other side of the world that they reach, if any.
+template <class Draw>
+int drawOnSides(const WorldEdge& edge, Points& points, int side, const Draw& draw) {
+    int drawn = draw();
+    if (side != 0) {
+        edge.shift(points, side);
+        drawn |= draw();
+    }
+    return drawn;
+}
+
 } // namespace
 
 void PlotTools::copyPart(const Points& from, int start, int n, Points& to) {
@@ -119,19 +130,14 @@ int Plot::drawPieces(const Points& points) {
     return drawn;
 }
 
-// Draws a line made whole, and once more on the other side of the world that it reaches.
+// Draws a line made whole.
 int Plot::drawSides(Points& run, int side) {
     const WorldEdge edge(getDomain());
     const bool cut = edge.cutsAlways() || (side != 0 && edge.cutsWrapped());
     const auto draw = [&] {
         return cut && edge.isBeyond(run) ? drawCropped(run) : graph.drawLine(run);
     };
-    int drawn = draw();
-    if (side != 0) {
-        edge.shift(run, side);
-        drawn |= draw();
-    }
-    return drawn;
+    return drawOnSides(edge, run, side, draw);
 }
 
 int Plot::drawCropped(const Points& run) {
@@ -236,12 +242,7 @@ int Plot::drawPolygon(Points& polygon) {
         edge.clamp(crop_points);
         return graph.drawFill(crop_points);
     };
-    int drawn = draw();
-    if (side != 0) {
-        edge.shift(polygon, side);
-        drawn |= draw();
-    }
-    return drawn;
+    return drawOnSides(edge, polygon, side, draw);
 }
 
 int Plot::drawFill(const Rect& rect) {
