@@ -157,6 +157,17 @@ int ObsFrame::drawItem(int i) {
     return i;
 }
 
+/// Labels the result of the function at i with the variable of its operand and what the item says.
+void ObsFrame::nameResult(int i, Grid& grid) {
+    VarSpec own, wanted;
+    grid.getVar(own);
+    list.get(i, wanted);
+    own.set(wanted);
+    String info;
+    own.toInfoLabel(info);
+    grid.setInfo(info.get());
+}
+
 int ObsFrame::drawGrid(int i, int last) {
     Grid grid;
     grids.getGrid(list.getDataIndex(i), grid);
@@ -165,13 +176,7 @@ int ObsFrame::drawGrid(int i, int last) {
         chart.cont.label = 0;
     if (list.isFunction(i)) {
         GridMath::units(grid, list.getUnits(i));
-        VarSpec own, wanted;
-        grid.getVar(own);
-        list.get(i, wanted);
-        own.set(wanted);
-        String info;
-        own.toInfoLabel(info);
-        grid.setInfo(info.get());
+        nameResult(i, grid);
     }
     chart.cont.setParam(chart.param.get());
     chart.cont.setParam(list.getFormat(i));
@@ -187,13 +192,10 @@ int ObsFrame::drawVector(int i, int u_index, int v_index, int last) {
     if (layer != 0)
         chart.vect.label = 0;
     if (list.isVectFunction(i)) {
-        VarSpec own, wanted;
-        u.getVar(own);
-        list.get(i, wanted);
-        own.set(wanted);
-        String info;
-        own.toInfoLabel(info);
-        u.setInfo(info.get());
+        nameResult(i, u);
+    } else { // the feathers of a barb count the units that the list gives the wind
+        GridMath::units(u, list.getUnits(i));
+        GridMath::units(v, list.getUnits(i));
     }
     chart.vect.setParam(chart.param.get());
     chart.vect.setParam(list.getFormat(i));

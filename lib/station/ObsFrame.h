@@ -39,6 +39,7 @@ private:
     void drawMap(MapPlot& map);
     void drawItems();
     int drawItem(int i);
+    void nameResult(int i, Grid& grid);
     int drawGrid(int i, int last);
     int drawVector(int i, int u_index, int v_index, int last);
     int drawMarkedVector(int i);
