@@ -21,6 +21,8 @@ TOP = 80  # font y of the source's middle line
 MOST_X = 125  # what the start mark of a stroke leaves room for
 SLANT = 0.2  # of the italics
 CONDENSED = 0.92  # the slanted bold letters are made narrower, to keep to MOST_X
+TALL = "()[]{}|"  # reach beyond their line in the source, and would touch those of the next one
+LOWEST, HIGHEST = 20, 145  # of the tall ones
 
 
 def read_glyphs(path):
@@ -54,6 +56,14 @@ def convert(strokes, slant=0.0, stretch=1.0):
     points = [[(x + slant * (y - 35), y) for x, y in s] for s in points]
     overhang = max(0.0, -min(x for s in points for x, _ in s))
     return [[(round(x + overhang), y) for x, y in s] for s in points]
+
+
+def shorten(strokes):
+    """Squeezes a glyph of font units between LOWEST and HIGHEST."""
+    low = min(y for s in strokes for _, y in s)
+    high = max(y for s in strokes for _, y in s)
+    scale = (HIGHEST - LOWEST) / (high - low)
+    return [[(x, round(LOWEST + scale * (y - low))) for x, y in s] for s in strokes]
 
 
 def write_font(path, glyphs):
@@ -92,7 +102,10 @@ def main():
         "boldital.fnt": (bold, SLANT, CONDENSED),
     }
     for name, (glyphs, slant, stretch) in fonts.items():
-        write_font(data / name, {c: convert(s, slant, stretch) for c, s in glyphs.items()})
+        glyphs = {c: convert(s, slant, stretch) for c, s in glyphs.items()}
+        for c in TALL:
+            glyphs[c] = shorten(glyphs[c])
+        write_font(data / name, glyphs)
     shutil.copy(source / "LICENSE.hershey.txt", data / "LICENSE.hershey.txt")
 
 
