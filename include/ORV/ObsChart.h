@@ -64,10 +64,10 @@ public:
     int getSync() override { return sync; }
 
     /// Draws the file's reports as the plot list asks, on the base map when that is on; a list that
-    /// begins with a panel has its maps in panels only. Units given to a vector item hold for both of
-    /// its components: a barb counts knots only if the list says "knt", and else the units of the
-    /// components, m/s by default. Returns 0, with a message, when the file can't be opened; the plot
-    /// keeps what it has then.
+    /// begins with a panel has its maps in panels only. Units given to a vector item hold for both
+    /// of its components: a barb counts knots only if the list says "knt", and else the units of
+    /// the components, m/s by default. Returns 0, with a message, when the file can't be opened;
+    /// the plot keeps what it has then.
     int draw(Plot& plot) override;
     int print() override;
     void callback(const char* type, const char* data, const void* client) override;
