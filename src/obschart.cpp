@@ -44,7 +44,8 @@ int plot() {
     figure.addDrawing(chart);
     figure.endPlot();
     figure.manage();
-    return Orv::NOERR;
+    figure.close();
+    return Orv::error == Orv::NOWRITE ? Orv::NOWRITE : Orv::NOERR;
 }
 } // namespace
 

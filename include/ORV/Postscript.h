@@ -57,6 +57,7 @@ public:
     /// a3 ansid. A scale that is not above 0 and sizes that are not are passed over.
     int setParam(const char* param) override;
     int open() override;
+    /// Ends the page. 0, with a message and the error Orv::NOWRITE, when not all could be written.
     int close() override;
     int setTitle(const char* text) override;
     /// Paper is white, also in gray: what is drawn by default has to be dark.

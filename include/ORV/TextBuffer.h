@@ -35,8 +35,10 @@ public:
     bool empty() const { return size == 0; }
     std::string_view get() const { return {bytes.get(), size}; }
     void clear() { size = 0; }
-    /// Writes all to the file and empties the buffer.
+    /// Writes all to the file and empties the buffer. 0 when the file didn't take it all.
     int flush(File& file);
+    /// Whether a flush has ever failed.
+    bool hasFailed() const { return failed; }
     /// Does so once enough has come together to be worth a write.
     int flushFull(File& file) { return size < full ? 1 : flush(file); }
 
@@ -54,6 +56,7 @@ private:
     std::unique_ptr<char[]> bytes;
     std::size_t size = 0;
     std::size_t capacity = 0;
+    bool failed = false;
 };
 
 } // namespace ORV

@@ -1,6 +1,7 @@
 #include "ORV/Postscript.h"
 
 #include "ORV/DateTool.h"
+#include "ORV/Orv.h"
 #include "ORV/Scan.h"
 #include "ORV/StrLib.h"
 #include "ORV/Strings.h"
@@ -148,6 +149,7 @@ int Postscript::open() {
     }
     std::printf("%s: %s\n", doing, path);
     open_flag = true;
+    out = {};
     writeHeader();
     return 1;
 }
@@ -192,9 +194,13 @@ int Postscript::close() {
             out.text("end\n");
         out.text("%%EOF\n");
     }
-    const int ok = out.flush(file);
-    file.close();
-    return ok;
+    out.flush(file);
+    const bool complete = file.close() && !out.hasFailed();
+    if (!complete) { // a full disk, or a spool command that ended early
+        std::fprintf(stderr, "Postscript: unable to write to file\n");
+        Orv::setError(Orv::NOWRITE);
+    }
+    return complete;
 }
 
 int Postscript::setTitle(const char* text) {

@@ -142,6 +142,7 @@ int TextBuffer::flush(File& file) {
     const int count = static_cast<int>(size);
     const int written = count > 0 ? file.write(bytes.get(), count) : 0;
     clear();
+    failed |= written != count;
     return written == count;
 }
 

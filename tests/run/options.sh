@@ -50,10 +50,13 @@ expect "a setting that no option has" "inter (cmd): 5" "$(setting inter -inter 5
 expect "own database" 1 "$(setting file_path | grep -c '^file_path: /.')"
 expect "database from the environment" "file_path (env): /base" "$(orvfpath=/base setting file_path)"
 
-# Scripts learn from the status that nothing was drawn.
+# Scripts learn from the status that nothing was drawn, or that it could not be written.
 message=$("$tool" -me none -de p,/proc/no/such.ps no_such_file </dev/null 2>&1 >/dev/null)
 expect "status without an output" 4 $?
 expect "message without an output" "obschart: unable to open the output: p,/proc/no/such.ps" \
     "$(echo "$message" | tail -1)"
+message=$("$tool" -me none -de p,/dev/full no_such_file </dev/null 2>&1 >/dev/null)
+expect "status of a page that was cut" 8 $?
+expect "message of a page that was cut" "Postscript: unable to write to file" "$(echo "$message" | tail -1)"
 
 finish
