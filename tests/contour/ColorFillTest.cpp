@@ -4,6 +4,7 @@
 #include "ORV/Orv.h"
 #include "ORV/StrLib.h"
 
+#include "TempDir.h"
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -16,8 +17,7 @@ namespace {
 class ColorFillTest : public testing::Test {
 protected:
     ColorFillTest() : path(Orv::getDatabasePath()) {
-        std::filesystem::create_directories(folder);
-        Orv::setDatabasePath((folder + ":" ORV_DATA).c_str());
+        Orv::setDatabasePath((dir.path + ":" ORV_DATA).c_str());
         map.init(40);
         for (int i = 0; i < 20; i++)
             map.add(("c" + std::to_string(i)).c_str(), 0, 0, 0);
@@ -26,10 +26,7 @@ protected:
         map.add("green", 0, 1, 0);
         map.setNumFill(20);
     }
-    ~ColorFillTest() override {
-        Orv::setDatabasePath(path.c_str());
-        std::filesystem::remove_all(folder);
-    }
+    ~ColorFillTest() override { Orv::setDatabasePath(path.c_str()); }
     // The entries as "value:index".
     static std::string entries(const ColorFill& fill) {
         std::string all;
@@ -43,7 +40,7 @@ protected:
         return all;
     }
 
-    std::string folder = testing::TempDir() + "orv_fill_test";
+    TempDir dir;
     ColorMap map;
 
 private:
@@ -121,9 +118,9 @@ TEST_F(ColorFillTest, GoesRoundItsCycleInBothDirections) {
 }
 
 TEST_F(ColorFillTest, ReadsAFile) {
-    std::ofstream(folder + "/a.fill") << "# comment\n@label deg C\n@other x\n\n  0:red,wi=2  \n"
-                                      << "blue\n10:green\n"
-                                      << "20:red:la=" << std::string(200, 'x') << "\n30:blue";
+    dir.write("a.fill",
+              "# comment\n@label deg C\n@other x\n\n  0:red,wi=2  \nblue\n10:green\n20:red:la=" +
+                  std::string(200, 'x') + "\n30:blue");
     ColorFill fill;
     EXPECT_EQ(fill.set(map, "a.fill"), 1);
     EXPECT_EQ(entries(fill), "0:20 5:21 10:22 20:20 30:21 ");

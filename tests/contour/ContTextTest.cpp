@@ -79,13 +79,6 @@ TEST_F(ContTextTest, LabelsStandOnColumnsAndRowsOfCells) {
     EXPECT_EQ(drawLabels(up, "lab=1:0:0:-3").size(), drawLabels(up, "lab=1:0:1:1").size());
 }
 
-TEST_F(ContTextTest, MissingValuesHaveNoLabels) {
-    Grid grid = makeRamp(4, 4, false);
-    grid.setValue(1, 1, none);
-    EXPECT_EQ(drawLabels(grid, "lab=1:0"), "2.50,2.50:25 2.50,1.50:15 "
-                                           "0.50,0.50:5 1.50,0.50:5 2.50,0.50:5 ");
-}
-
 TEST_F(ContTextTest, MarksPointsAboveOrBelowAllAround) {
     const float n = none;
     const struct {

@@ -48,34 +48,6 @@ TEST(GridBox, FindsWhereALevelCrosses) {
     }
 }
 
-TEST(GridBox, CrossingsLieOnTheirSides) {
-    GridBox box = makeBox({10, 0, 0, 10});
-    box.setLevel(4);
-    const Point places[4] = {{0.6f, 1}, {1, 0.6f}, {0.4f, 0}, {0, 0.4f}};
-    for (int n = 0; n < 4; n++) {
-        EXPECT_FLOAT_EQ(box.getCrossPoint(n).x, places[n].x) << n;
-        EXPECT_FLOAT_EQ(box.getCrossPoint(n).y, places[n].y) << n;
-    }
-    EXPECT_FLOAT_EQ(box.getTotalDsides(), 1.6f);
-    box.setLevel(6);
-    EXPECT_FLOAT_EQ(box.getTotalDsides(), 2.4f);
-}
-
-TEST(GridBox, LowersACornerOnTheLevel) {
-    GridBox box = makeBox({10, 0, 0, 0}, 0.5f);
-    EXPECT_EQ(box.setLevel(10), 0);
-    EXPECT_EQ(box.getVal(0), 9.5f);
-    EXPECT_EQ(box.setLevel(9), 2) << "by what is left of it";
-
-    box = makeBox({5, 20, 0, 10}, 0.5f);
-    EXPECT_EQ(box.setLevel(5), 2);
-    EXPECT_FLOAT_EQ(box.getSide(0), 0.5f / 15.5f) << "just beside the corner";
-
-    box = makeBox({100, 200, 0, 0});
-    box.setLevel(100);
-    EXPECT_FLOAT_EQ(box.tweak, 0.005f) << "from the value when none is given";
-}
-
 // Without a tweak, as on a flat grid, corners stay on the level.
 TEST(GridBox, SettlesCornersThatStayOnTheLevel) {
     const struct {

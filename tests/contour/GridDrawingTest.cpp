@@ -71,21 +71,3 @@ TEST_F(GridDrawingTest, AnswersWhatIsAtAPlace) {
     EXPECT_EQ(answer(cont, "QueryLoc", nullptr), "");
     EXPECT_EQ(answer(vectors, "KeyPress", "12.5,-45"), "");
 }
-
-TEST_F(GridDrawingTest, AFileThatCannotBeReadIsReportedAndDrawsNothing) {
-    show("ll:0:0,0,0,37,19,10,10");
-    Orv::setMessageLevel("warn");
-    GridCont cont;
-    GridVect vectors;
-    Domain domain;
-    testing::internal::CaptureStderr();
-    cont.file.set("no_such_grid");
-    vectors.file.set("no_such_grid");
-    EXPECT_EQ(cont.draw(plot), 1);
-    EXPECT_EQ(vectors.draw(plot), 0);
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("no_such_grid"), std::string::npos);
-    EXPECT_TRUE(lines().empty());
-    EXPECT_EQ(cont.getDomain(domain), 0);
-    EXPECT_TRUE(domain.isMap());
-    EXPECT_EQ(vectors.getDomain(domain), 0);
-}

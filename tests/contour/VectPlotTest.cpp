@@ -6,31 +6,6 @@
 
 using namespace ORV;
 
-TEST_F(VectTest, ReadsParametersInTheirOrder) {
-    vect.setParam("stream,uvew,sk=3,ci=5,ct=x.clr,cof=blue;red,co=green:wi=2,sc=2.5,sa=0.5,cb=10,"
-                  "mag=50,de=4,bar,unknown");
-    EXPECT_EQ(vect.type, 2);
-    EXPECT_EQ(vect.uvgrid, 1);
-    EXPECT_EQ(vect.skipx, 3);
-    EXPECT_EQ(vect.skipy, 3);
-    EXPECT_EQ(vect.intrvl, 5);
-    EXPECT_STREQ(vect.color_table.get(), "x.clr");
-    EXPECT_STREQ(vect.color_fill.get(), "blue;red");
-    EXPECT_STREQ(vect.color_data.get(), "green:wi=2");
-    EXPECT_EQ(vect.scale, 2.5f);
-    EXPECT_EQ(vect.arrow_scale, 0.5f);
-    EXPECT_EQ(vect.base, 10);
-    EXPECT_EQ(vect.vect_mag, 50);
-    EXPECT_EQ(vect.density, 4);
-    EXPECT_EQ(vect.bar, 1);
-
-    vect.setParam("barb,barbs,nobar,uvgrid,ba=3,sp=20,sk=-4,sc=x");
-    EXPECT_EQ(vect.type, 1);
-    EXPECT_EQ(vect.bar, 0);
-    EXPECT_EQ(vect.uvgrid, 0);
-    EXPECT_EQ(vect.base, 3); // "barbs" asks for a bar
-}
-
 TEST_F(VectTest, ArrowsAreAsLongAsTheirShareOfTheGreatestSpeed) {
     showWind(plain(5, 3), [](const Point& at) {
         return at.x < 2 ? Point(3, 4) : Point(-6, 8); // speeds 5 and 10

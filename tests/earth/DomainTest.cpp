@@ -91,42 +91,6 @@ TEST(Domain, TranslatesBetweenWindowsAndProjections) {
     EXPECT_NEAR(there.x, imageOf(a, 52, 10).x, 1e-3);
 }
 
-TEST(Domain, ZoomsAndPansToAPoint) {
-    Domain domain = domainOf(plains);
-    const Point target = imageOf(domain, 35, -97);
-    EXPECT_EQ(domain.zoom(target, 2), 1);
-    EXPECT_NEAR(domain.clat, 35, 1e-4);
-    EXPECT_NEAR(domain.clon, -97, 1e-4);
-    EXPECT_NEAR(domain.getVert(), 16, 1e-4);
-    EXPECT_NEAR(imageOf(domain, 35, -97).x, target.x, 1e-4); // the plot coordinates stay
-    EXPECT_EQ(domain.pan(Point(0, 0)), 1);
-    EXPECT_NEAR(domain.clat, 90, 1e-4);
-    EXPECT_NEAR(domain.getVert(), 16, 1e-4);
-
-    Domain globe = domainOf("ortho:0:0,0,0,61,61,2,2");
-    EXPECT_EQ(globe.zoom(Point(90, 0), 2), 0); // off the disc
-    EXPECT_EQ(globe.pan(Point(90, 0)), 0);
-    EXPECT_EQ(globe.zoom(Point(0, 0), 0), 0);
-    EXPECT_EQ(globe.clat, 0);
-    EXPECT_EQ(globe.dx, 2);
-}
-
-TEST(Domain, TakesItsWindowFromTwoCorners) {
-    Domain domain = domainOf("merc:0:0,0,0");
-    EXPECT_EQ(domain.set(EarthPoint(60, -20), EarthPoint(30, 20), 81, 61), 1);
-    EXPECT_NEAR(domain.limits.xmin, imageOf(domain, 60, -20).x, 1e-4);
-    EXPECT_NEAR(domain.limits.ymax, imageOf(domain, 60, -20).y, 1e-4);
-    EXPECT_NEAR(domain.clon, 0, 1e-4);
-    EXPECT_NEAR(domain.dx, 63.7122 * 40 * M_PI / 180 / 80, 1e-5);
-    EXPECT_EQ(domain.set(EarthPoint(95, 0), EarthPoint(30, 20), 81, 61), 0);
-    EXPECT_EQ(domain.set(EarthPoint(60, 0), EarthPoint(30, 20), 1, 61), 0);
-    EXPECT_EQ(domain.nx, 81);
-
-    domain.set(5, 3); // a picture
-    EXPECT_EQ(domain.limits.xmin, -2);
-    EXPECT_EQ(domain.limits.ymax, 1);
-}
-
 // The direction on the map of a short step on the earth, by finite difference.
 TEST(Direction, FollowsTheMap) {
     class Turn {

@@ -132,19 +132,6 @@ TEST_F(DomainText, StrictFormHasNoDefaults) {
     EXPECT_EQ(domain.set(("merc" + std::string(5000, ':') + ",3,4,11,9,2,1").c_str()), 1);
 }
 
-TEST_F(DomainText, ResourceComesBeforeTheDefault) {
-    Domain domain;
-    DomainTool::set(domain, nullptr);
-    EXPECT_FALSE(domain.isSet());
-    EXPECT_EQ(DomainTool::set(domain), 0);
-    DomainTool::set(domain, "home");
-    EXPECT_EQ(domain.proj, 2);
-    Orv::putResrc("plot_domain", "merc,1,2");
-    DomainTool::set(domain, "home");
-    EXPECT_EQ(domain.proj, 3);
-    EXPECT_EQ(DomainTool::set(domain), 1);
-}
-
 TEST_F(Regions, AreFoundByName) {
     String out;
     EXPECT_EQ(Region::get(nullptr, "HOME", out), 1);

@@ -2,6 +2,7 @@
 
 #include "ORV/Orv.h"
 
+#include "TempDir.h"
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -15,9 +16,6 @@
 class FrameFixture : public testing::Test {
 protected:
     FrameFixture() : saved(ORV::Orv::resrc), mask(ORV::Orv::message_mask) {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orvtestXXXXXX").string();
-        folder = mkdtemp(pattern.data());
-        home = std::filesystem::current_path();
         std::filesystem::current_path(folder);
         ORV::Orv::resrc.clear();
         setVariable("orvdefault", ".");
@@ -26,7 +24,6 @@ protected:
         for (const std::string& name : variables)
             unsetenv(name.c_str());
         std::filesystem::current_path(home);
-        std::filesystem::remove_all(folder);
         ORV::Orv::resrc = saved;
         ORV::Orv::message_mask = mask;
         ORV::Orv::setDatabasePath(nullptr);
@@ -45,7 +42,8 @@ protected:
         std::ofstream(path) << text;
     }
 
-    std::filesystem::path folder, home;
+    TempDir dir;
+    std::filesystem::path folder = dir.path, home = std::filesystem::current_path();
     ORV::Resrc saved;
     int mask;
     std::vector<std::string> variables;

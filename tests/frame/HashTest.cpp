@@ -30,22 +30,6 @@ TEST(Hash, FindsTextsInOneKeySpace) {
     EXPECT_STREQ(hash.search("\xC3\xA9"), "beyond ASCII");
 }
 
-TEST(Hash, BlocksAreSharedByTheirKeys) {
-    Hash hash(10, sizeof(Station), 3);
-    const Station ord = {"KORD", 41.98f};
-    const Station mdw = {"KMDW", 41.79f};
-    EXPECT_EQ(hash.enter("KORD", "72530", "ORD", &ord), 1);
-    EXPECT_EQ(hash.enter("KMDW", "72534", "MDW", &mdw), 1);
-    EXPECT_EQ(hash.enter("KXXX", &mdw), 0); // two keys short
-    EXPECT_EQ(hash.search("KORD"), hash.search(2, "ORD"));
-    Station found;
-    std::memcpy(&found, hash.search(1, "72534"), sizeof found);
-    EXPECT_STREQ(found.id, "KMDW");
-    EXPECT_EQ(hash.search(0, "72534"), nullptr);
-    EXPECT_EQ(hash.search(3, "KORD"), nullptr);
-    EXPECT_EQ(hash.getNum(), 2);
-}
-
 TEST(Hash, WalksInInsertionOrder) {
     Hash hash(3, 0, 1);
     EXPECT_EQ(hash.first(), nullptr);

@@ -54,41 +54,6 @@ TEST_F(OrvTest, LevelsChooseMessages) {
     }
 }
 
-TEST_F(OrvTest, ErrorsCanGoToStandardOutput) {
-    setVariable("orverrtoout", "");
-    EXPECT_EQ(sendAll(), "plain banner warning error | ");
-}
-
-TEST(Convert, UsesTheFactorsOfTheTrade) {
-    const struct {
-        float (*convert)(float);
-        float x, result;
-        const char* what;
-    } cases[] = {
-        {Convert::CtoF, 100, 212, "CtoF"},
-        {Convert::FtoC, 68, 20, "FtoC"},
-        {Convert::KtoF, 273.15f, 32, "KtoF"},
-        {Convert::FtoK, 32, 273.15f, "FtoK"},
-        {Convert::INtoMB, 29.92f, 1012.911f, "INtoMB"},
-        {Convert::KTtoMPS, 10, 5.144f, "KTtoMPS"},
-        {Convert::KTtoMPH, 100, 115.08f, "KTtoMPH"},
-        {Convert::MPHtoMPS, 100, 44.70f, "MPHtoMPS"},
-        {Convert::MtoFT, 1000, 3280.8f, "MtoFT"},
-        {Convert::SMtoKM, 10, 16.0934f, "SMtoKM"},
-        {Convert::NMtoSM, 1, 1.15078f, "NMtoSM"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_NEAR(c.convert(c.x), c.result, 1e-4f * std::abs(c.result)) << c.what;
-        EXPECT_EQ(c.convert(Const::MISS), Const::MISS) << c.what;
-    }
-    // Two ways are one another's inverse.
-    EXPECT_NEAR(Convert::NMtoKM(Convert::KMtoNM(7)), 7, 1e-3);
-    EXPECT_NEAR(Convert::SMtoNM(Convert::NMtoSM(7)), 7, 1e-3);
-    EXPECT_NEAR(Convert::MPHtoKT(Convert::KTtoMPH(7)), 7, 1e-3);
-    EXPECT_NEAR(Convert::MPStoMPH(Convert::MPHtoMPS(7)), 7, 1e-3);
-    EXPECT_NEAR(Convert::INtoCM(Convert::CMtoIN(7)), 7, 1e-3);
-}
-
 TEST_F(PromptTest, AsksUntilItIsAnswered) {
     feed("set title = Noon map\nset\n  answer here \n");
     testing::internal::CaptureStdout();
@@ -113,17 +78,6 @@ TEST_F(PromptTest, EndsAtAnEmptyLineAndAtTheEnd) {
     EXPECT_STREQ(buffer, "");
     // A prompt that isn't a whole format is shown as it is.
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "? %s? ? ? ");
-}
-
-TEST_F(PromptTest, CommandsAreWholeWords) {
-    EXPECT_EQ(Prog::setCommand("settings"), 0);
-    EXPECT_EQ(Prog::setCommand("exit now"), 0);
-    EXPECT_EQ(Prog::setCommand(""), 0);
-    EXPECT_EQ(Prog::setCommand("set level==  850"), 1);
-    EXPECT_STREQ(Orv::getResrc("level"), "850");
-    EXPECT_EQ(Prog::setCommand("  set icon"), 1);
-    EXPECT_STREQ(Orv::getResrc("icon"), "");
-    EXPECT_EXIT(Prog::setCommand("exit"), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(OrvTest, ReadsResourceFilesLater) {

@@ -92,29 +92,6 @@ TEST_F(ResrcEnvTest, TriesTheComposedNameFirst) {
     EXPECT_STREQ(value.get(), "other");
 }
 
-TEST_F(ResrcDBTest, EachSourceOverridesTheOneBefore) {
-    writeFile(
-        "orv.cfg",
-        "*.title file\n*.plot_type file\n*.device file\n*.watch_path file\nother.icon file\n");
-    setVariable("orvplot", "environment");
-    setVariable("orv_obschart_device", "environment");
-    create({"-de=command"});
-    EXPECT_STREQ(Orv::getResrc("prog"), "obschart");
-    EXPECT_STREQ(Orv::getProgramName(), "obschart");
-    const struct {
-        const char *name, *value;
-        int type;
-    } cases[] = {{"title", "file", 2},
-                 {"plot_type", "environment", 3},
-                 {"device", "command", 4},
-                 {"watch_path", "file", 2}};
-    for (const auto& c : cases) {
-        EXPECT_STREQ(Orv::getResrc(c.name), c.value) << c.name;
-        EXPECT_EQ(Orv::getResrcType(c.name), c.type) << c.name;
-    }
-    EXPECT_EQ(Orv::getResrc("icon"), nullptr);
-}
-
 TEST_F(ResrcDBTest, OptionsGoByShortNameThenByTheirBeginning) {
     EXPECT_EQ(getAfter({"-pl", "cf"}, "plot_type"), "cf");
     EXPECT_EQ(getAfter({"-plot_t=cf"}, "plot_type"), "cf");
@@ -142,35 +119,9 @@ TEST_F(ResrcDBTest, NameAndPathSteerTheFiles) {
     EXPECT_EQ(getAfter({"-df="}, "title"), "(unset)");
 }
 
-TEST_F(ResrcDBTest, FilesOfThePathShareTags) {
-    writeFile("a.cfg", "IF test\n*.title tagged\nELSE\n*.title plain\nEND\nDEF two\n");
-    writeFile("b.cfg", "IF two\n*.label second\nEND\n");
-    EXPECT_EQ(getAfter({"-df=a.cfg"}, "title"), "plain");
-    EXPECT_EQ(getAfter({"-df=+test:a.cfg:b.cfg"}, "title"), "tagged");
-    EXPECT_STREQ(Orv::getResrc("label"), "second");
-    writeFile("c.cfg", "*.title later\n");
-    EXPECT_EQ(getAfter({"-df=a.cfg:c.cfg"}, "title"), "later");
-}
-
 TEST_F(ResrcDBTest, WildcardsMatchSeveralSettings) {
     writeFile("orv.cfg", "*.color_map red\n*title Noon\nobschart* lost\n");
     create({});
     EXPECT_STREQ(Orv::getResrc("title"), "Noon");
     EXPECT_STREQ(Orv::getResrc("color_map"), "red"); // not one that is registered here
-}
-
-TEST_F(ResrcDBTest, HelpListsTheSettings) {
-    ResrcDBList few;
-    OrvResrc::add(few, OrvResrc::BASE);
-    testing::internal::CaptureStdout();
-    ResrcDB::printHelp("obschart", few, positional);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "obschart syntax (version:6.76-LINUX-X11)\n"
-                                                      "   obschart [options...]\n"
-                                                      "Keyed options...\n"
-                                                      " -df file...  Resource/defaults file name\n"
-                                                      " -na name     Program name\n"
-                                                      " -h           Print help\n"
-                                                      " -me level    Message level\n"
-                                                      "Positional options...\n"
-                                                      " filenames... Filenames\n");
 }

@@ -48,15 +48,6 @@ TEST_F(ResrcFileTest, ReadsPairs) {
         EXPECT_EQ(read(c.text), c.pairs) << c.what;
 }
 
-TEST_F(ResrcFileTest, LongWordsAndLinesAreCut) {
-    const std::string key(49, 'k'), value(300, 'v');
-    // The line comes in pieces of 249 characters, and only the first has the key.
-    const std::string pair = key + "=" + std::string(199, 'v') + " ";
-    EXPECT_EQ(read(key + " " + value).substr(0, pair.size()), pair);
-    const std::string quoted = "*.t=" + std::string(244, 'q') + " ";
-    EXPECT_EQ(read("*.t \"" + std::string(400, 'q')).substr(0, quoted.size()), quoted);
-}
-
 TEST_F(ResrcFileTest, ConditionsChooseBranches) {
     const struct {
         const char *text, *pairs, *what;
@@ -78,14 +69,6 @@ TEST_F(ResrcFileTest, ConditionsChooseBranches) {
         file.setTag("yes");
         EXPECT_EQ(read(file, c.text), c.pairs) << c.what;
     }
-}
-
-TEST_F(ResrcFileTest, WarnsOfBranchesWithoutACondition) {
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(read("ELSE\nELIF x\nEND\na 1\n"), "a=1 ");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "ResrcFile::get: else without an if\n"
-                                                      "ResrcFile::get: elif without an if\n"
-                                                      "ResrcFile::get: end without an if\n");
 }
 
 TEST_F(ResrcFileTest, HoldsToItsLimits) {

@@ -9,23 +9,6 @@
 
 using namespace ORV;
 
-TEST(Resrc, LaterValuesReplaceEarlierOnes) {
-    Resrc store;
-    store.add("title", "from file", 2);
-    store.add("Title", "another name", 2);
-    store.add("title", "from command line", 4);
-    EXPECT_STREQ(store.get("title"), "from command line");
-    EXPECT_EQ(store.getType("title"), 4);
-    store.add("title", nullptr, 3);
-    EXPECT_STREQ(store.get("title"), "");
-    EXPECT_EQ(store.get("titl"), nullptr);
-    EXPECT_EQ(store.getType("titl"), 0);
-    // A value may come out of the store itself.
-    store.put("title", store.get("Title"));
-    store.put("title", store.get("title"));
-    EXPECT_STREQ(store.get("title"), "another name");
-}
-
 TEST(Resrc, NumbersNeedADigitInFront) {
     Resrc store;
     const struct {

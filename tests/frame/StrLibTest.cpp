@@ -10,31 +10,6 @@
 
 using namespace ORV;
 
-TEST(StrLib, ComparesHeadsAndTails) {
-    const struct {
-        const char *a, *b;
-        int n;
-        bool same;
-        const char* what;
-    } cases[] = {
-        {"abc", "abx", 2, true, "heads agree"},
-        {"abc", "abx", 3, false, "heads differ"},
-        {"ab", "ab", 9, true, "both end together"},
-        {"ab", "abc", 3, false, "one ends before"},
-        {"abc", "bc", -2, true, "tail"},
-        {"abc", "bcd", -2, false, "tail is all of b"},
-        {"abc", "", 0, true, "empty tail"},
-        {"abc", "abc", -4, false, "tail longer than the text"},
-        {nullptr, "a", 1, false, "null"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(StrLib::equal(c.a, c.b, c.n), c.same) << c.what;
-    EXPECT_TRUE(StrLib::iequal("file.TXT", ".txt", -4));
-    EXPECT_TRUE(StrLib::equal("abcd", 2, "ab"));
-    EXPECT_FALSE(StrLib::equal("abcd", 2, "abc"));
-    EXPECT_FALSE(StrLib::equal(nullptr, nullptr));
-}
-
 TEST(StrLib, CopiesAreCutAndTerminated) {
     char field[6];
     std::memset(field, 'x', sizeof field);

@@ -6,20 +6,6 @@
 
 using namespace ORV;
 
-TEST(String, GrowsToWhatIsAdded) {
-    String text(1);
-    std::string expected;
-    for (int i = 0; i < 300; i++) {
-        text.append("ab");
-        text.append('c');
-        expected += "abc";
-    }
-    EXPECT_STREQ(text.get(), expected.c_str());
-    EXPECT_EQ(text.length(), 900);
-    text.copy("a much longer text than there is room for in a string of this size");
-    EXPECT_STREQ(text.get(-4), "size");
-}
-
 TEST(String, TakesTextsThatLieInItself) {
     String text("0123456789");
     text.copy(text.get(4));

@@ -63,28 +63,3 @@ TEST(Strings, ProtectsStretches) {
     for (const auto& c : cases)
         EXPECT_EQ(fieldsOf(Strings(c.text, ',', -1, c.quotes)), c.fields) << c.text;
 }
-
-TEST(Strings, SetReplacesAllEvenByItsOwnField) {
-    Strings list("a,b;c,d", ',');
-    EXPECT_EQ(list.set(list.getString(1), ';'), 2);
-    EXPECT_EQ(fieldsOf(list), (Fields{"b", "c"}));
-    EXPECT_EQ(list.set("", ','), 0);
-    EXPECT_EQ(list.getNum(), 0);
-}
-
-TEST(Strings, EditsKeepTheirGaps) {
-    Strings list;
-    EXPECT_EQ(list.add(""), 0);
-    list.add("a");
-    list.set(3, "d");
-    EXPECT_EQ(fieldsOf(list), (Fields{"a", "(null)", "(null)", "d"}));
-    list.set(3, "");
-    EXPECT_EQ(list.getString(3), nullptr);
-    for (int i = 0; i < 30; i++)
-        list.add(list.getString(0));
-    EXPECT_EQ(list.getNum(), 34);
-    const Strings copied = list;
-    list.clear();
-    EXPECT_STREQ(copied.getString(33), "a");
-    EXPECT_EQ(list.getString(0), nullptr);
-}

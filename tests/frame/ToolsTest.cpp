@@ -110,19 +110,3 @@ TEST(FloatArray, ReadsListsAndSeries) {
     endless.set("0-1e30/1e-30");
     EXPECT_EQ(endless.getNum(), 100000);
 }
-
-TEST(IntArray, SumsAndProductsStayInRange) {
-    IntArray list;
-    EXPECT_EQ(list.sum(), 0);
-    EXPECT_EQ(list.product(), 1);
-    for (const int value : {2, 3, -4})
-        list.add(value);
-    EXPECT_EQ(list.sum(), 1);
-    EXPECT_EQ(list.product(), -24);
-    list.add(INT_MAX);
-    list.add(INT_MAX);
-    EXPECT_EQ(list.sum(), INT_MAX);
-    EXPECT_EQ(list.product(), INT_MIN);
-    list.offset(3, 10);
-    EXPECT_EQ(list.get(3), INT_MAX);
-}

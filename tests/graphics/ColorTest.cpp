@@ -1,9 +1,9 @@
 #include "ORV/ColorFile.h"
 #include "ORV/Orv.h"
 
+#include "TempDir.h"
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <string>
 
 using namespace ORV;
@@ -11,12 +11,10 @@ using namespace ORV;
 namespace {
 class ColorFileTest : public testing::Test {
 protected:
-    ~ColorFileTest() override { std::remove(path.c_str()); }
     int read(const std::string& text) {
-        std::ofstream(path, std::ios::binary) << text;
-        return ColorFile::readFile(path.c_str(), map);
+        return ColorFile::readFile(dir.write("colors", text).c_str(), map);
     }
-    std::string path = testing::TempDir() + "orv_color_test.clr";
+    TempDir dir;
     ColorMap map;
 };
 

@@ -32,21 +32,6 @@ TEST_F(GraphDraw, SendsOnlyWhatMayTouchTheWindow) {
     EXPECT_EQ(graph.drawLine(segment(10, 10, 20, 20)), 1);
 }
 
-TEST_F(GraphDraw, AShadowFallsBesideItsLine) {
-    openInPixels();
-    graph.setLineColor(9);
-    graph.setLineWidth(3);
-    graph.setDropShadow(2);
-    graph.setDropColor(5);
-    graph.setDropWidth(4);
-    device->calls.clear();
-    graph.drawLine(segment(10, 100, 20, 100));
-    EXPECT_EQ(device->take(), "color 1 5\nwidth 1 4.0\n"
-                              "line 1 11.0,401.0 21.0,401.0\nline 1 12.0,402.0 22.0,402.0\n"
-                              "width 1 3.0\ncolor 1 9\n"
-                              "line 1 10.0,400.0 20.0,400.0\n");
-}
-
 TEST_F(GraphDraw, DrawsTheShapesOfMarks) {
     openInPixels();
     const struct {

@@ -133,18 +133,3 @@ TEST_F(GraphText, PlacesABlockOfLines) {
     const int strokes = 3;
     EXPECT_EQ(device->count("line 4"), 100 * strokes);
 }
-
-TEST_F(GraphText, FallsBackToTheModernFont) {
-    openInPixels();
-    for (const char* name : {"#none", "no_such.fnt"}) {
-        testing::internal::CaptureStderr();
-        EXPECT_EQ(graph.setFont(name), 0);
-        EXPECT_EQ(testing::internal::GetCapturedStderr(),
-                  std::string("setFont: unable to load font: ") + name + ", using modern\n");
-        EXPECT_EQ(graph.font_type, 1);
-        EXPECT_TRUE(graph.font.setChar('H'));
-        testing::internal::CaptureStderr();
-        EXPECT_EQ(graph.setFont(name), 0) << "the name in force";
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    }
-}

@@ -1,9 +1,9 @@
 #include "ORV/Symbol.h"
 
+#include "TempDir.h"
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <fstream>
 #include <memory>
 
 using namespace ORV;
@@ -11,11 +11,7 @@ using namespace ORV;
 namespace {
 class SymbolTest : public testing::Test {
 protected:
-    ~SymbolTest() override { std::remove(path.c_str()); }
-    int read(const std::string& text) {
-        std::ofstream(path, std::ios::binary) << text;
-        return symbol->read(path.c_str());
-    }
+    int read(const std::string& text) { return symbol->read(dir.write("file", text).c_str()); }
     // The steps of a symbol: points as they are, L and F.
     std::string steps(const char* name) {
         if (!symbol->setSymb(name))
@@ -29,7 +25,7 @@ protected:
         }
         return all;
     }
-    std::string path = testing::TempDir() + "orv_symbol_test.smb";
+    TempDir dir;
     std::unique_ptr<Symbol> symbol = std::make_unique<Symbol>();
 };
 } // namespace
@@ -42,34 +38,6 @@ TEST_F(SymbolTest, ReadsPointsLinesAndFills) {
     EXPECT_EQ(steps("none"), "none");
     Point p;
     EXPECT_EQ(symbol->get(p), 0);
-}
-
-TEST_F(SymbolTest, TheFirstNameThatBeginsTheTextIsTaken) {
-    read("cloud 1,0 L $ cloud2 2,0 L $ c 3,0 L $");
-    EXPECT_EQ(steps("cloud2"), "1,0 L ");
-    EXPECT_EQ(steps("cl"), "3,0 L ");
-    EXPECT_EQ(steps("Cloud"), "none");
-}
-
-TEST_F(SymbolTest, EndsWhatTheFileCutsAndKeepsItsLimits) {
-    read("a 1,0 2,0");
-    EXPECT_EQ(steps("a"), "1,0 2,0 ");
-    std::string many;
-    for (int i = 0; i < 300; i++)
-        many += "s" + std::to_string(1000 + i) + " 0,0 L $ ";
-    read(many);
-    EXPECT_EQ(symbol->num, 199);
-    EXPECT_EQ(steps("s1198"), "0,0 L ");
-    EXPECT_EQ(steps("s1199"), "none");
-    std::string points = "long ";
-    for (int i = 0; i < 6000; i++)
-        points += "0.5,0.5 ";
-    read(points + "$ next 1,1 $");
-    const std::string all = steps("long");
-    EXPECT_EQ(std::count(all.begin(), all.end(), ','), 4999);
-    EXPECT_EQ(steps("next"), "none");
-    read(std::string(100, 'n') + " inf,nan 1e99,0 L $");
-    EXPECT_EQ(std::strlen(symbol->names[0]), 14u);
 }
 
 TEST_F(SymbolTest, EveryWeatherSymbolIsFoundByItsOwnName) {

@@ -115,20 +115,4 @@ TEST(Grid, NoDataForSizesThatHoldNone) {
     EXPECT_EQ(grid.setData(FloatArray(), 0), 0);
 }
 
-TEST(Grid, FlipReversesRowsNotColumns) {
-    Grid grid(3, 2);
-    const float values[] = {1, 2, 3, 4, 5, 6};
-    EXPECT_EQ(grid.setData(values, 1), 1);
-    EXPECT_EQ(grid.getValue(0, 0), 4);
-    EXPECT_EQ(grid.getValue(2, 1), 3);
-
-    FloatArray short_list;
-    for (const float value : {1, 2, 3, 4})
-        short_list.add(value);
-    EXPECT_EQ(grid.setData(short_list, 1), 1);
-    EXPECT_EQ(grid.getValue(0, 0), 4);
-    EXPECT_EQ(grid.getValue(1, 0), Const::MISS) << "behind the end of the list";
-    EXPECT_EQ(grid.getValue(2, 1), 3);
-}
-
 } // namespace

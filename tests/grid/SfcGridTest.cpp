@@ -6,6 +6,7 @@
 #include "ORV/SfcData.h"
 #include "ORV/SfcFile.h"
 
+#include "TempDir.h"
 #include <gtest/gtest.h>
 
 #include <string>
@@ -25,9 +26,8 @@ protected:
     }
 
     /// Two ships, 2 degrees apart.
-    static std::string writeHour() {
-        const std::string path = testing::TempDir() + "sfcgrid_test." +
-                                 testing::UnitTest::GetInstance()->current_test_info()->name();
+    std::string writeHour() {
+        const std::string path = dir.path + "/hour";
         SfcFile file;
         file.setDate(Date(2025, 1, 27, 12, 0, 0));
         file.open(path.c_str(), 1, SfcFile::ORV);
@@ -41,6 +41,7 @@ protected:
         file.close();
         return "@" + path;
     }
+    TempDir dir;
 };
 
 TEST_F(SfcGridTest, AnalysesEachItemOnItsDomain) {

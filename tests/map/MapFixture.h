@@ -2,6 +2,7 @@
 
 #include "ORV/MapPlot.h"
 
+#include "TempDir.h"
 #include "plot/PlotFixture.h"
 
 #include <cstdint>
@@ -17,26 +18,19 @@ namespace ORV {
 class MapTest : public PlotTest {
 protected:
     MapTest() {
-        char name[] = "/tmp/orv_map_XXXXXX";
-        folder = mkdtemp(name);
         Orv::resrc.set("file_path", folder.c_str());
         Orv::setDatabasePath((folder.string() + ":" + ORV_DATA).c_str());
-    }
-    ~MapTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
     }
 
     /// Writes a file, and returns its path.
     std::string write(const std::string& name, const std::string& bytes) {
-        const std::string path = folder / name;
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
+        return dir.write(name, bytes);
     }
     /// A map file of one line, from 10 south, 20 west to 10 north, 20 east.
     void writeLine(const std::string& name) { write(name, "2 10 -10 20 -20 1\n-10 -20 10 20\n"); }
 
-    std::filesystem::path folder;
+    TempDir dir;
+    std::filesystem::path folder = dir.path;
 };
 
 /// Bytes of outside formats, for tests that make files by hand.

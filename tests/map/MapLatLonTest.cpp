@@ -62,12 +62,5 @@ TEST_F(MapLatLonTest, NoLineCrossesTheMapAtItsCut) {
     }
 }
 
-TEST_F(MapLatLonTest, SpacingsThatMakeNoLinesDrawNothing) {
-    for (const float spacing : {0.0f, -5.0f, static_cast<float>(Const::MISS)})
-        EXPECT_EQ(draw("ll:0:0,0,0,41,21,1,1", spacing, 10), "") << spacing;
-    EXPECT_EQ(draw("xy,0,0,41,21,1,1", 5, 5), "");
-    EXPECT_EQ(device->count("line"), 0);
-}
-
 } // namespace
 } // namespace ORV

@@ -61,18 +61,6 @@ TEST_F(MapPlotTest, MarksChooseTheLayer) {
     }
 }
 
-TEST_F(MapPlotTest, ListComesFromTheResourceOrIsTheWorld) {
-    Orv::resrc.set("map_file", "b.map");
-    EXPECT_EQ(draw(nullptr), "b");
-    Orv::resrc.set("map_file", "");
-    EXPECT_EQ(draw(nullptr), "o"); // orv.map
-    testing::internal::CaptureStderr();
-    draw("none.mpl,a.map");
-    const std::string words = testing::internal::GetCapturedStderr();
-    EXPECT_NE(words.find("MapPlot_draw: Unable to open map list file: "), std::string::npos);
-    EXPECT_EQ(device->count("line 1"), 1) << "the list goes on";
-}
-
 TEST_F(MapPlotTest, SizePrefixesTestTheHeightOfTheDomain) {
     const struct {
         const char* prefix;
@@ -223,12 +211,6 @@ TEST_F(MapPlotTest, PlacesAreNamed) {
     const std::string texts = device->take();
     EXPECT_NE(texts.find(" Paris\n"), std::string::npos);
     EXPECT_NE(texts.find(" +\n"), std::string::npos) << "without a name";
-}
-
-TEST_F(MapPlotTest, MissingPlacesPartALine) {
-    write("a.map", "5 0 0 0 0 1\n0 0 10 10 -9999 -9999 20 20 20 30\n");
-    draw("a.map");
-    EXPECT_EQ(lines().size(), 2u);
 }
 
 } // namespace

@@ -95,24 +95,6 @@ protected:
     }
 };
 
-TEST_F(FigureTest, OneFrameSelectsItsDataOnce) {
-    start();
-    figure.endPlot();
-    EXPECT_EQ(drawing.take(), "settings 18:00 draw ");
-    EXPECT_EQ(device->getNumFrames(), 0);
-    EXPECT_EQ(device->count("update"), 1);
-    EXPECT_EQ(figure.state, 1);
-    EXPECT_EQ(figure.plot.date.getSeconds(), drawing.base.getSeconds());
-}
-
-TEST_F(FigureTest, LoopEndsAtItsDate) {
-    start("nf=3,linc=30,fi=latest.sfc");
-    figure.endPlot();
-    EXPECT_EQ(drawing.take(), "text=latest.sfc 17:00 17:00 draw 17:30 18:00 18:00 draw ")
-        << "17:30 has the file of 17:00 still";
-    EXPECT_EQ(device->getNumFrames(), 2);
-}
-
 TEST_F(FigureTest, FramesWithoutDataAreLeftOut) {
     drawing.frames = 4;
     drawing.absent = {-2};

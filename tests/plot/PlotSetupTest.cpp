@@ -1,4 +1,5 @@
 #include "PlotFixture.h"
+#include "TempDir.h"
 
 #include <filesystem>
 #include <fstream>
@@ -6,31 +7,6 @@
 using namespace ORV;
 
 namespace {
-
-TEST_F(PlotTest, DrawingTextChoosesTheParts) {
-    const struct {
-        const char* text;
-        const char* flags; // plot, data, map, ul, uc, ur, ll, lc, lr, border
-    } rows[] = {
-        {"", "1111111111"},
-        {"data", "0100000000"},
-        {"-data,-map", "1001111111"},
-        {"text", "0001111111"},
-        {"plot,text_ur,BORD", "1000010001"},
-        {"text,-text_ll", "0001110111"},
-        {"all,-grid,+none", "0000000000"},
-        {"nonsense", "0000000000"},
-    };
-    for (const auto& row : rows) {
-        plot.setDrawing(row.text);
-        std::string flags;
-        for (int i = 0; i < 10; i++)
-            flags += plot.isDrawing(i) ? '1' : '0';
-        EXPECT_EQ(flags, row.flags) << row.text;
-    }
-    EXPECT_FALSE(plot.isDrawing(10));
-    EXPECT_FALSE(plot.isDrawing(-1));
-}
 
 TEST_F(PlotTest, OpeningTakesResourcesFirstAndItsOwnTextLast) {
     Orv::putResrc("geometry", "300x200");
@@ -51,9 +27,8 @@ TEST_F(PlotTest, OpeningTakesResourcesFirstAndItsOwnTextLast) {
 }
 
 TEST_F(PlotTest, PageFileOfTheTextWinsOverTheResource) {
-    const std::filesystem::path dir = std::filesystem::path(testing::TempDir()) / "orvplot";
-    std::filesystem::create_directories(dir);
-    const std::string page = (dir / "page.ps").string(), other = (dir / "other.ps").string();
+    const TempDir dir;
+    const std::string page = dir.path + "/page.ps", other = dir.path + "/other.ps";
     const struct {
         const char* what;
         std::string resource, text;
@@ -77,20 +52,6 @@ TEST_F(PlotTest, PageFileOfTheTextWinsOverTheResource) {
         EXPECT_TRUE(std::filesystem::exists(page)) << row.what;
         EXPECT_FALSE(std::filesystem::exists(other)) << row.what;
     }
-    std::filesystem::remove_all(dir);
-}
-
-TEST_F(PlotTest, DefaultColorShowsOnTheSurface) {
-    open();
-    plot.setLine();
-    EXPECT_EQ(plot.graph.line_color, 0xFFFFFF);
-    device->inverse = true;
-    plot.setLine();
-    EXPECT_EQ(plot.graph.line_color, 0);
-    device->inverse = false;
-    plot.graph.device_type = 2;
-    plot.setText();
-    EXPECT_EQ(plot.graph.text_color, 0) << "white on paper can't be read";
 }
 
 TEST_F(PlotTest, PositionQueryTellsThePlaceAndAsksTheDrawings) {
@@ -113,15 +74,6 @@ TEST_F(PlotTest, PositionQueryTellsThePlaceAndAsksTheDrawings) {
     plot.callback("KeyPress", "v-Alt:", nullptr);
     plot.callback("KeyPress", "v-Alt", nullptr);
     plot.callback("KeyPress", nullptr, nullptr);
-}
-
-TEST_F(PlotTest, ReturnClosesAndLaterDrawingIsQuiet) {
-    show("latlon:0:0,0,0,181,91,2,2");
-    plot.callback("KeyPress", "Ret:1:1", nullptr);
-    EXPECT_FALSE(plot.graph.isOpen());
-    EXPECT_EQ(plot.drawLine(0, 0, 10, 10), 0);
-    EXPECT_EQ(plot.newFrame() + plot.drawText(0, 0, "A") * 0, 1);
-    EXPECT_FALSE(plot.newPanel("2x2+1+1") > 1);
 }
 
 } // namespace

@@ -89,13 +89,6 @@ TEST_F(ObsChartTest, FunctionsReadTheirOwnOperands) {
     EXPECT_EQ(draw("dewp[C,ln],temp[C,ln]", 1), draw("dewp[C,ln]", 1) + lines);
 }
 
-TEST_F(ObsChartTest, VectorFunctionsHoldBothComponents) {
-    // The difference of a wind and itself is calm everywhere, and that of a wind and none the wind.
-    EXPECT_EQ(draw("vdiff(<uwndg,vwndg>,<uwndg,vwndg>)[m/s,vect]", 1), "");
-    EXPECT_EQ(draw("vdiff(<uwndg,vwndg>,<sub(uwndg,uwndg),sub(vwndg,vwndg)>)[m/s,vect]", 1),
-              draw("<uwndg,vwndg>[m/s,vect]", 1));
-}
-
 TEST_F(ObsChartTest, PlotTypeTurnsQuantitiesIntoGrids) {
     const std::string lines = draw("temp[C,ln]", 1);
     Orv::setResrc("plot_type", "ln");
@@ -131,17 +124,4 @@ TEST_F(ObsChartTest, MapGoesUnderDataAndOverFills) {
     draw("temp[C,mk=plus],map[mf=state_us.map[blue]]", 1, true);
     EXPECT_EQ(firstOf(red), -1);
     EXPECT_GT(firstOf("color 1 " + std::to_string(plot.getColorValue("blue"))), firstOf("line 2 "));
-}
-
-TEST_F(ObsChartTest, ParametersReachTheirOwners) {
-    ObsChart chart("map_fill,sync,pl=cf,tz=EST:-5,co=blue,va=temp");
-    EXPECT_EQ(chart.map_fill, 1);
-    EXPECT_EQ(chart.getSync(), 1);
-    EXPECT_STREQ(chart.plot_type, "cf");
-    EXPECT_EQ(chart.tz.getOffset(), -5 * 3600);
-    EXPECT_STREQ(chart.datum.attr.color, "blue");
-    EXPECT_STREQ(chart.variable.get(), "temp");
-    chart.setParam("MAP,map_line,xyz=1");
-    EXPECT_TRUE(chart.map);
-    EXPECT_EQ(chart.map_fill, 0);
 }

@@ -90,17 +90,6 @@ TEST_F(WindPlotTest, ArrowPointsWhereTheWindBlows) {
     EXPECT_GT(device->count("line 4 "), 1);
 }
 
-TEST_F(WindPlotTest, TrackIsTickedByHoursAndParts) {
-    // From the north: it goes down the page, 90 device units in three hours.
-    WindPlot::drawTrack(plot, middle, Wind(0, 0.09f), 0.1f, 1, 3, 1);
-    EXPECT_EQ(device->calls[0], "line 1 500.0,250.0 500.0,340.0");
-    EXPECT_EQ(device->calls[1], "line 1 520.0,280.0 480.0,280.0"); // the first hour
-    EXPECT_EQ(lines(), 1 + 2 + 3 + 2); // shaft, whole hours, half hours, head
-    device->take();
-    WindPlot::drawTrack(plot, middle, Wind(0, 0.09f), 0.1f, 0, 1, 0);
-    EXPECT_EQ(lines(), 1);
-}
-
 TEST_F(WindPlotTest, CoversOfTheSky) {
     struct Row {
         const char* codes;
@@ -120,20 +109,6 @@ TEST_F(WindPlotTest, CoversOfTheSky) {
     CloudPlot::draw(plot, middle, 0.1f, 'S');
     EXPECT_EQ(device->calls.back(),
               "fill 3 600.0,250.0 586.6,200.0 550.0,163.4 500.0,150.0 500.0,250.0 600.0,250.0");
-}
-
-TEST(Wind, GoesBetweenDirectionAndComponents) {
-    Wind wind;
-    wind.setVect(10, 0);
-    EXPECT_NEAR(wind.dir, 270, 1e-4);
-    EXPECT_NEAR(wind.spd, 10, 1e-5);
-    EXPECT_EQ(wind.setVect(10, Const::MISS), 0);
-    EXPECT_EQ(wind.spd, Const::MISS);
-    Vect vect(3, 4);
-    EXPECT_EQ(Wind(Const::MISS, 5).toVect(vect), 0);
-    EXPECT_EQ(vect.u, 3);
-    EXPECT_EQ(vect.add(Vect(Const::MISS, 1)), 0);
-    EXPECT_EQ(vect.v, 4);
 }
 
 TEST(Wind, InterpolatesInTheLogarithmOfPressure) {

@@ -76,31 +76,6 @@ TEST_F(City, DamagedLinesDontTakeValuesOfTheLineBefore) {
     }
 }
 
-TEST_F(City, WidthsCutFieldsAndLines) {
-    // What is too long for its field runs on into the next, as in any scan by widths.
-    auto found = readAll("Twenty_letters_and_moCO US KXYZ x 1 2 3 1234567 5\n");
-    ASSERT_EQ(found.size(), 1U);
-    EXPECT_STREQ(found[0].name, "Twenty_letters_and_m");
-    EXPECT_STREQ(found[0].state, "oC");
-    found = readAll("A CO US KXYZ x 1 2 3 1234567 5\n");
-    EXPECT_EQ(found[0].prior, 9) << "no digit";
-    EXPECT_STREQ(found[0].wmo, "12345");
-
-    const std::string tail(300, 'z');
-    found = readAll("A CO US KXYZ 1 1 2 3 72469 5 " + tail + "\nB CO US KXYW 1 1 2 3 72468 5\n");
-    ASSERT_EQ(found.size(), 2U) << "the rest of a long line is no station";
-    EXPECT_STREQ(found[1].id, "KXYW");
-}
-
-TEST_F(City, MissingFilesHoldNothing) {
-    CityData city;
-    CityFile file("/nowhere/at.all");
-    EXPECT_FALSE(file.isOpen());
-    EXPECT_EQ(file.read(city), 0);
-    EXPECT_EQ(file.open(write(std::string(118, 'a')).c_str()), 1);
-    EXPECT_EQ(file.getNum(), 2) << "59 bytes a station";
-}
-
 TEST_F(City, TableHoldsTheStationsOfTheMap) {
     CityHash table;
     CityHashData found;
@@ -138,22 +113,6 @@ TEST_F(City, TableIsFoundByEachKey) {
     CityHash five(write("A -- -- ABCDE 1 1 2 3 99999\n").c_str());
     EXPECT_EQ(five.get("bABCDE", found), 1) << "the five characters behind a b";
     EXPECT_EQ(five.get("bABCD", found), 0);
-}
-
-TEST_F(City, PlaceKeysAreRoundedAsPrintfDoes) {
-    for (const auto& [lat, lon] : {std::pair{"0.04", "-0.04"},
-                                   {"-0.04", "0.25"},
-                                   {"89.96", "-179.96"},
-                                   {"12.35", "7.05"},
-                                   {"-1e30", "123456789"}}) {
-        char key[15];
-        std::snprintf(key, sizeof key, "%5.0f%6.0f", std::strtof(lat, nullptr) * 10,
-                      std::strtof(lon, nullptr) * 10);
-        CityHash table(
-            write(std::string("A -- -- KA 1 ") + lat + " " + lon + " 3 99999\n").c_str());
-        CityHashData found;
-        EXPECT_EQ(table.get(2, key, found), 1) << lat << " " << lon << " '" << key << "'";
-    }
 }
 
 TEST_F(City, SelectionResourceChoosesStations) {

@@ -221,29 +221,6 @@ TEST_F(SfcDataToolTest, WeatherInItsThreeNotations) {
     }
 }
 
-TEST_F(SfcDataToolTest, CeilingAndCover) {
-    const struct {
-        char cover;
-        float height;
-        float ceiling;
-        const char* text;
-        float percent;
-        const char* cover_text;
-    } rows[] = {{'C', missing, 500, "", 0, "CLR"}, {'F', 3000, 30, "30", 16, "FEW"},
-                {'4', 500, 5, "5", 50, "4"},       {'8', 500, 5, "5", 100, "8"},
-                {'X', 200, 2, "2", 100, "OBX"},    {'9', missing, missing, "", 100, "OVC"},
-                {'o', 1000, 10, "10", missing, ""}};
-    for (const auto& row : rows) {
-        report.num_cld = 0;
-        report.cloud[0] = {};
-        setLayer(row.cover, row.height);
-        EXPECT_EQ(compute("cldcl").value[0], row.ceiling) << row.cover;
-        EXPECT_STREQ(datum.data, row.text) << row.cover;
-        EXPECT_EQ(compute("cldcv").value[0], row.percent) << row.cover;
-        EXPECT_STREQ(datum.data, row.cover_text) << row.cover;
-    }
-}
-
 TEST_F(SfcDataToolTest, FlightCategoryIsTheWorseOfCeilingAndVisibility) {
     const struct {
         char cover;

@@ -332,17 +332,6 @@ TEST_F(SfcFileTest, FormatsAreToldByTheirFirstBytes) {
     EXPECT_FALSE(SfcFile("orv", 0, 9).isOpen() || SfcFile("orv", 3, 1).isOpen());
 }
 
-TEST_F(SfcFileTest, BlankLineEndsTheReadingButNotTheFile) {
-    writeFile("a.cvt", head + "KDCA 1 1 1 1 1 1 1 - $\n\nKIAD 1 1 1 1 1 1 1 - $\n");
-    EXPECT_EQ(readIds("a.cvt").size(), 1u);
-    SfcFile file("a.cvt");
-    SfcData data;
-    int count = 0;
-    while (!file.atEnd())
-        count += file.read(data);
-    EXPECT_EQ(count, 2);
-}
-
 TEST_F(SfcFileTest, AppendingKeepsOneHeader) {
     const SfcData data = makeReport();
     EXPECT_EQ(SfcFile("a.cvt", 2, SfcFile::UNKNOWN).isOpen(), false) << "its format is unknown";

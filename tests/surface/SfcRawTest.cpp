@@ -30,40 +30,6 @@ TEST(Data, CellsOutsideAreMissingAndStaySo) {
     EXPECT_EQ(data.getIndex("x"), -1);
 }
 
-TEST(Data, GrowthKeepsRowsAndEmptiesTheNewOnes) {
-    Data data(2);
-    data.setType(1, Data::STRINGS);
-    for (int row = 0; row < 1000; row++) {
-        data.setId(row, std::to_string(row).c_str());
-        data.setLoc(row, row, -row);
-        data.setValue(row, 0, row * 0.5F);
-        data.setString(row, 1, row % 2 ? "odd" : nullptr);
-    }
-    EXPECT_EQ(data.getNum(), 1000);
-    EXPECT_EQ(data.limit, 1350) << "400, 600, 900, 1350";
-    EXPECT_EQ(data.getIndex("901"), 901);
-    EXPECT_EQ(data.getLoc(901).lon, -901);
-    EXPECT_EQ(data.getValue(901, 0), 450.5F);
-    EXPECT_STREQ(data.getString(901, 1), "odd");
-    EXPECT_EQ(data.getString(900, 1), nullptr);
-    EXPECT_EQ(data.value[0][1200], Const::MISS);
-
-    const Data copy = data;
-    data.clear();
-    EXPECT_EQ(data.getNum(), 0);
-    EXPECT_EQ(data.getType(1), Data::STRINGS);
-    data.setId(5, "new");
-    EXPECT_EQ(data.getValue(3, 0), Const::MISS) << "what was cleared stays empty below a new row";
-    EXPECT_EQ(data.getId(3), nullptr);
-    EXPECT_EQ(copy.getValue(901, 0), 450.5F) << "a copy is its own";
-
-    data = copy;
-    data.expand(10);
-    EXPECT_EQ(data.getNum(), 10);
-    EXPECT_EQ(data.getValue(9, 0), 4.5F);
-    EXPECT_EQ(data.getValue(10, 0), Const::MISS);
-}
-
 TEST(Data, RowsOfOtherTables) {
     Data from(3);
     from.setType(1, Data::STRINGS);
@@ -227,19 +193,4 @@ TEST_F(SfcRawTest, WindsFollowTheGrid) {
     EXPECT_STREQ(raw.getUnits(0), "knt");
 }
 
-TEST_F(SfcRawTest, NothingToRead) {
-    SfcRaw sfc;
-    sfc.setDomain(domain);
-    Raw raw;
-    raw.add("old", EarthPoint(), 1);
-    sfc.setFilename(writeHour());
-    EXPECT_EQ(sfc.compute(raw), 0) << "no variables";
-    EXPECT_EQ(raw.getNum(), 0);
-    sfc.setVariable("temp");
-    sfc.setFilename("@/nowhere/at.all");
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(sfc.compute(raw), 0);
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("Unable to open file: /nowhere/at.all"),
-              std::string::npos);
-}
 } // namespace

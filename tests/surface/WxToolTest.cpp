@@ -110,24 +110,3 @@ TEST(WxTool, WmoNumbersOfBothTables) {
     for (const auto& c : back)
         EXPECT_EQ(WxTool::getWmoFromWeather(c.text), c.code) << c.text;
 }
-
-TEST(WxTool, FiguresOfHeightAndVisibility) {
-    const float heights[][2] = {{0, 0},   {163, 0},  {164, 1},  {983, 3},
-                                {984, 4}, {8201, 8}, {8202, 9}, {10000, 9}};
-    for (const auto& h : heights)
-        EXPECT_EQ(WxTool::getWmoCeilingToCode(h[0]), h[1]) << h[0];
-    EXPECT_EQ(WxTool::getWmoCeilingToCode(std::nanf("")), Const::MISS);
-    EXPECT_EQ(WxTool::getWmoCldBase(5), 3000);
-    EXPECT_EQ(WxTool::getWmoCldBase(10), miss);
-
-    // Table 4377 in km: 50 is 5 km, 56 is 6 km, 80 is 30 km, 81 is 35 km, 89 is 75 km.
-    const float miles[][2] = {{0, 0},        {50, 3.125f},  {56, 3.75f}, {80, 18.75f},
-                              {81, 21.875f}, {89, 46.875f}, {90, miss},  {91, 0.03125f},
-                              {99, 31.25f},  {100, miss},   {-1, miss}};
-    for (const auto& m : miles)
-        EXPECT_FLOAT_EQ(WxTool::getWmoVis(static_cast<int>(m[0])), m[1]) << m[0];
-    EXPECT_EQ(WxTool::decodeDir("NNW"), 337.5f);
-    EXPECT_EQ(WxTool::decodeDir("X"), miss);
-    EXPECT_STREQ(WxTool::getCloudStr("BKN"), "broken");
-    EXPECT_STREQ(WxTool::getCloudStr(""), "");
-}

@@ -90,16 +90,6 @@ TEST(Swap, NumbersInEachByteOrder) {
     EXPECT_EQ(u4, 65536U);
 }
 
-TEST(Swap, WritesWhatItReads) {
-    const TempDir dir;
-    File file((dir.path + "/out").c_str(), "w");
-    EXPECT_EQ(Swap(1).writeInt2(file, 258), 2);
-    EXPECT_EQ(Swap(2).writeInt4(file, 0x01020304), 4);
-    EXPECT_EQ(Swap(1).writeFloat(file, -2), 4);
-    EXPECT_EQ(file.close(), 1);
-    EXPECT_EQ(dir.read("out"), std::string("\1\2\4\3\2\1\xc0\0\0\0", 10));
-}
-
 TEST(Zlib, StreamsFollowEachOther) {
     const std::string first(5000, 'a');
     Buffer in = makeBuffer(compress(first) + compress("second"));

@@ -82,13 +82,3 @@ TEST(DateTool, ReadsHeaderTexts) {
     for (const auto& c : cases)
         EXPECT_EQ(read(c.text), c.date) << (c.text ? c.text : "null");
 }
-
-TEST(DateTool, ReadsBackItsLabels) {
-    for (const Date& date : {Date(2007, 1, 2, 8, miss, miss), Date(1987, 11, 30, 0, 5, miss),
-                             Date(2026, 9, 9, 23, 59, 58), Date(2000, 2, 29, miss, miss, miss)}) {
-        Date back;
-        EXPECT_EQ(DateTool::decode(label(date).c_str(), back), 1);
-        EXPECT_EQ(label(back), label(date));
-        EXPECT_EQ(back.secs, date.secs) << label(date);
-    }
-}

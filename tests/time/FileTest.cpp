@@ -15,11 +15,6 @@ std::string find(const char* list, const char* name, int expected) {
     EXPECT_EQ(FileTool::addPath(list, name, out), expected) << name;
     return out.get();
 }
-
-std::string getElement(const char* list, int i) {
-    String out;
-    return FileTool::getPath(list, i, out) ? out.get() : "none";
-}
 } // namespace
 
 TEST(File, LinesOfAPlainFile) {
@@ -131,19 +126,6 @@ TEST(File, WhatCantBeOpened) {
     EXPECT_EQ(file.skipLine(), 0);
 }
 
-TEST(FileTool, PathLists) {
-    EXPECT_EQ(FileTool::numPath("/a:/b"), 2);
-    EXPECT_EQ(FileTool::numPath("http://a/b:/c"), 2);
-    EXPECT_EQ(FileTool::numPath(""), 1);
-    EXPECT_EQ(FileTool::numPath("http://host:8080/b:http://other:80:/c"), 3);
-    EXPECT_EQ(getElement("http://host:8080/b:http://other:80:/c", 0), "http://host:8080/b");
-    EXPECT_EQ(getElement("http://host:8080/b:http://other:80:/c", 1), "http://other:80");
-    EXPECT_EQ(getElement("/a:/b", 1), "/b");
-    EXPECT_EQ(getElement("/a:/b", 2), "none");
-    EXPECT_EQ(getElement("/a:", 1), "");
-    EXPECT_EQ(getElement("", 0), "none");
-}
-
 TEST(FileTool, FindsAlongAList) {
     const TempDir dir;
     const std::string path = dir.write("b/f", "x");
@@ -161,15 +143,4 @@ TEST(FileTool, FindsAlongAList) {
     EXPECT_EQ(out.get(), dir.path + "/b/new");
     EXPECT_EQ(FileTool::addOutPath("/no/such:/neither", "new", out), 0);
     EXPECT_STREQ(out.get(), "/neither/new");
-}
-
-TEST(FileTool, MakesTheFoldersOfAPath) {
-    const TempDir dir;
-    FileTool::makeDir((dir.path + "/a\\b/file").c_str());
-    EXPECT_TRUE(FileTool::isDir((dir.path + "/a/b").c_str()));
-    EXPECT_FALSE(FileTool::exist((dir.path + "/a/b/file").c_str()));
-    FileTool::makeDir((dir.path + "/c/d/").c_str());
-    EXPECT_TRUE(FileTool::isDir((dir.path + "/c/d").c_str()));
-    FileTool::makeDir((dir.path + "/" + std::string(300, 'x') + "/y").c_str());
-    EXPECT_FALSE(FileTool::isDir((dir.path + "/" + std::string(150, 'x')).c_str()));
 }

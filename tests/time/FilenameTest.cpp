@@ -94,19 +94,6 @@ TEST_F(FilenameCase, SeveralFilesAreFrames) {
     EXPECT_EQ(name(), "2007011216.dat");
 }
 
-TEST_F(FilenameCase, SelectsFromTheResources) {
-    EXPECT_EQ(files.setFile(), 1);
-    EXPECT_EQ(name(), "2007011216.dat") << "the latest, when nothing is said";
-    Orv::putResrc("current", "4la");
-    EXPECT_EQ(files.setFile(), 1);
-    EXPECT_EQ(name(), "2007011211.dat");
-    Orv::putResrc("filename", "@%D/%Y%m%d%2h.dat");
-    Orv::putResrc("current", "1la");
-    EXPECT_EQ(files.setFile(), 1);
-    EXPECT_EQ(files.getOffset(), 7200) << "the file name is a convention";
-    EXPECT_EQ(name(), "2007011216.dat");
-}
-
 TEST_F(FilenameCase, FramesCountFromTheBaseDate) {
     const struct {
         const char* text;
@@ -143,28 +130,4 @@ TEST_F(FilenameCase, ListAndExitEndTheProgram) {
     EXPECT_EXIT(files.checkFile("exit"), testing::ExitedWithCode(0), "");
     Orv::putResrc("filename", "list");
     EXPECT_EXIT(files.setFile(), testing::ExitedWithCode(0), "");
-}
-
-TEST_F(FilenameCase, ListsWhatFitsTheConvention) {
-    dir.write("odd name", "");
-    files.setNameConv("@%D/%Y%m%d%h.%e");
-    Orv::setMessageLevel(13);
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(files.listFile(), 1);
-    const std::string text = testing::internal::GetCapturedStdout();
-    Orv::message_mask = 63;
-    EXPECT_NE(text.find("SEARCH: ls -x " + dir.path +
-                        "/????"
-                        "??"
-                        "??"
-                        "??"
-                        ".*\n"),
-              std::string::npos)
-        << text;
-    EXPECT_NE(text.find("2007011211.dat"), std::string::npos);
-    EXPECT_EQ(text.find("odd"), std::string::npos);
-
-    files.setNameConv(("@" + dir.path + "/x;touch " + dir.path + "/made").c_str());
-    files.listFile();
-    EXPECT_FALSE(std::filesystem::exists(dir.path + "/made")) << "names are no commands";
 }

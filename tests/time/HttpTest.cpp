@@ -137,16 +137,6 @@ TEST_F(Http, PagesOfARefusalAreNoData) {
     EXPECT_EQ(file.getLine(line, sizeof line), 0);
 }
 
-TEST_F(Http, QuestionsAboutFiles) {
-    EXPECT_TRUE(FileTool::exist(server.url("/obs").c_str()));
-    EXPECT_EQ(FileTool::getSize(server.url("/obs").c_str()), 9);
-    EXPECT_TRUE(FileTool::exist(server.url("/moved").c_str()));
-    for (const char* path : {"/absent", "/found", "/noise"}) {
-        EXPECT_FALSE(FileTool::exist(server.url(path).c_str())) << path;
-        EXPECT_EQ(FileTool::getSize(server.url(path).c_str()), -1) << path;
-    }
-}
-
 TEST_F(Http, DeadPortIsNoFile) {
     std::string url;
     {

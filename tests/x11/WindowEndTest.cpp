@@ -78,28 +78,6 @@ TEST_F(WindowEnd, AWindowClosedByTheManagerEndsTheRunLikeReturn) {
     EXPECT_FALSE(has(tool->getText(), "Disconnected")) << tool->getText();
 }
 
-TEST_F(WindowEnd, AProgramCutOffByTheManagerEndsWithWords) {
-    startManager();
-    const auto tool = startTool({"-pd", "us"});
-    const unsigned long window = waitForMarks(2);
-    press(window, 300, 300, "key F10");
-    EXPECT_EQ(tool->wait(), no_graph);
-    EXPECT_TRUE(has(tool->getText(), "X11 Disconnected\n")) << tool->getText();
-}
-
-TEST_F(WindowEnd, AWindowAsLargeAsTheManagerMakesItIsFilled) {
-    startManager();
-    const auto tool = startTool({"-pd", "us", "-ge", "500x400"});
-    const unsigned long window = waitForMarks(2);
-    EXPECT_EQ(look(window).width, 500);
-    run("xdotool windowsize " + std::to_string(window) + " 800 600");
-    EXPECT_TRUE(eventually([&] {
-        const Picture picture = look(window);
-        return picture.width == 800 && picture.findMarks().size() == 2 &&
-               isBlack(picture.at(799, 300));
-    }));
-}
-
 TEST_F(WindowEnd, APageIsDrawnWithoutLoadingTheLibraryOfTheWindow) {
     const auto tool =
         startTool({"-pd", "us", "-de", "p,page.ps"}, {{"LD_DEBUG", "files"}, half_past_noon[0]});

@@ -145,23 +145,6 @@ TEST_F(WindowLoop, ButtonsAndKeysStepStopDeleteAndChangeTheSpeed) {
     EXPECT_EQ(tool->wait(), 0) << tool->getText();
 }
 
-TEST_F(WindowLoop, TheCurrentTimeChoosesTheLatestHour) {
-    writeThreeHours();
-    const auto tool = startTool({"-pd", "us", "-cu", "la"}, {{"orvcurtime", "202501271115"}});
-    const unsigned long window = waitForMarks(1);
-    const auto mark = look(window).findMarks()[0];
-    press(window, mark.first, mark.second, "key alt+v");
-    float lat = 0, lon = 0;
-    eventually([&] {
-        const std::string text = tool->getText();
-        const std::size_t at = text.find("Lat:");
-        return at != std::string::npos &&
-               std::sscanf(text.c_str() + at, "Lat: %f Lon: %f", &lat, &lon) == 2;
-    });
-    EXPECT_NEAR(lat, 34.73, 0.2) << "Little Rock's";
-    EXPECT_NEAR(lon, -92.23, 0.2);
-}
-
 TEST_F(WindowLoop, ANewHourComesInByItself) {
     const long now = std::time(nullptr) / hour * hour;
     writeHour(now - 2 * hour, {"KDEN"});

@@ -155,9 +155,6 @@ void pause(double seconds) {
 }
 
 void XFixture::SetUp() {
-    char name[] = "/tmp/orv-x11-XXXXXX";
-    ASSERT_NE(mkdtemp(name), nullptr);
-    directory = name;
     // The server picks a free display itself, and tells its number on this channel.
     const std::string told = directory + "/display";
     server = std::make_unique<Process>(
@@ -182,8 +179,6 @@ void XFixture::disconnect() {
 void XFixture::TearDown() {
     disconnect();
     server.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(directory, ignored);
 }
 
 std::unique_ptr<Process> XFixture::startTool(std::vector<std::string> options,

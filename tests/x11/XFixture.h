@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TempDir.h"
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -93,7 +94,8 @@ protected:
 
     static inline const Process::Settings half_past_noon = {{"orvcurtime", "202501271230"}};
 
-    std::string directory;
+    TempDir dir;
+    std::string directory = dir.path;
     std::string display_name;
     std::unique_ptr<Process> server;
     void* display = nullptr;

@@ -154,19 +154,6 @@ TEST_F(XWindowTest, DashesAndStipplesLeaveTheirGaps) {
     }
 }
 
-TEST_F(XWindowTest, ColorsBackgroundAndInverse) {
-    window.setInverse(true);
-    window.setBackground("#204060");
-    ASSERT_EQ(window.open(), 1);
-    EXPECT_EQ(window.bg, 0xffffffu);
-    EXPECT_EQ(window.back_pixel, 0x204060u);
-    EXPECT_EQ(window.allocColor(1, 0.5f, 0), 0xff7f00);
-    EXPECT_EQ(window.allocColor(-1, -1, -1), 0xffffff);
-    EXPECT_EQ(window.allocColor(7, -3, 0), 0xff0000) << "out of range";
-    window.update();
-    EXPECT_EQ(look(window.window).at(100, 50), 0x204060u);
-}
-
 TEST_F(XWindowTest, TextStandsAtItsPointAndFontsAreMatchedInSize) {
     ASSERT_EQ(window.open(), 1);
     const auto extent = [&] {
