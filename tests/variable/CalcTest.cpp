@@ -13,23 +13,6 @@ float kelvin(double celsius) {
 }
 } // namespace
 
-TEST(Calc, WindTurnsIntoComponentsAndBack) {
-    EXPECT_EQ(Calc::windDir(0, 0), 0);
-    EXPECT_EQ(Calc::windDir(0, -10), 0) << "from the north";
-    EXPECT_FLOAT_EQ(Calc::windDir(-10, 0), 90);
-    EXPECT_FLOAT_EQ(Calc::windDir(10, 0), 270);
-    EXPECT_EQ(Calc::windDir(0.004f, 0.004f), 0) << "too weak for a direction";
-    for (float dir = 10; dir <= 350; dir += 20) {
-        const float u = Calc::windU(dir, 12), v = Calc::windV(dir, 12);
-        EXPECT_NEAR(Calc::windDir(u, v), dir, 0.001);
-        EXPECT_NEAR(Calc::windSpd(u, v), 12, 0.001);
-    }
-    EXPECT_EQ(Calc::windU(miss, 12), miss);
-    EXPECT_EQ(Calc::windV(miss, 12), miss);
-    EXPECT_EQ(Calc::windSpd(3, miss), miss);
-    EXPECT_EQ(Calc::windDir(miss, 3), miss);
-}
-
 // Smithsonian Meteorological Tables, 6th edition, table 94: saturation over water.
 TEST(Calc, VapourPressureFollowsTheTables) {
     const float table[][2] = {{-30, 0.5088f}, {-10, 2.8627f}, {0, 6.1078f}, {10, 12.272f},
@@ -182,23 +165,4 @@ TEST(Calc, StandardAtmosphere) {
     EXPECT_EQ(Calc::sfcPrAlt(0, 1500), miss);
     EXPECT_EQ(Calc::sfcPrAlt(1013, miss), miss);
     EXPECT_EQ(Calc::sfcPrAlt(1013, 50000), miss);
-}
-
-TEST(Calc, PlacesAndLines) {
-    EXPECT_NEAR(Calc::earthAngle(0, 0, 0, 90), 90, 0.001);
-    EXPECT_NEAR(Calc::earthAngle(90, 0, -90, 77), 180, 0.001);
-    EXPECT_EQ(Calc::earthAngle(38.85f, -77.03f, 38.85f, -77.03f), 0);
-    // Washington to Los Angeles on a sphere of 6371.22 km.
-    EXPECT_NEAR(Calc::earthDist(38.85f, -77.03f, 33.94f, -118.41f), 3712.0, 2);
-    EXPECT_EQ(Calc::earthDist(miss, 0, 10, 10), miss);
-    EXPECT_EQ(Calc::dist(0, 0, 3, 4), 5);
-    EXPECT_EQ(Calc::dist(0, miss, 3, 4), miss);
-    EXPECT_EQ(Calc::interpLinear(5, 0, 10, 100, 200), 150);
-    EXPECT_NEAR(Calc::interpTemp(300, 250, 1000, 500, std::sqrt(500000.0f)), 275, 0.01)
-        << "halfway in the logarithm";
-    EXPECT_EQ(Calc::interpTemp(miss, 250, 1000, 500, 700), 250);
-    EXPECT_EQ(Calc::interpTemp(300, miss, 1000, 500, 700), 300);
-    EXPECT_EQ(Calc::interpTemp(miss, miss, 1000, 500, 700), miss);
-    EXPECT_EQ(Calc::interpTemp(300, 250, 0, 500, 700), miss);
-    EXPECT_EQ(Calc::interpTemp(300, 250, 500, 500, 700), miss);
 }

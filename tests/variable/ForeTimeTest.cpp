@@ -1,5 +1,6 @@
 #include "ORV/ForeTime.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 namespace ORV {
@@ -7,91 +8,27 @@ namespace {
 
 constexpr float none = Const::MISS;
 
-class Reading {
-public:
-    const char* text;
-    int type;
-    float tim1;
-    float tim2 = none;
-    float off = none;
-    float type_off = none;
-};
-
-void expectReading(const ForeTime& time, const Reading& row) {
-    EXPECT_EQ(time.type, row.type);
-    EXPECT_FLOAT_EQ(time.tim1, row.tim1);
-    EXPECT_FLOAT_EQ(time.tim2, row.tim2);
-    EXPECT_FLOAT_EQ(time.off, row.off);
-    EXPECT_FLOAT_EQ(time.type_off, row.type_off);
-}
-
-TEST(ForeTime, ReadsFixedTimes) {
-    const Reading rows[] = {
-        {"anal", 1, 0},          {"OBS", 1, 0},
-        {"init", 1, 0},          {"in", 1, 0},
-        {"h12", 0, 12},          {"12hr", 0, 12},
-        {"12", 9, 12},           {"d2", 0, 48},
-        {"e2", 0, 60},           {"2e", 9, 60},
-        {"2day", 0, 48},         {"2d", 0, 48},
-        {"anal-24", 2, -24, 0},  {"obs-6acc", 4, -6, 0},
-        {"anal-6dif", 5, -6, 0}, {"12hr-6avg", 3, 6, 12},
-        {"h12-6max", 6, 6, 12},  {"12hr-6MIN", 7, 6, 12},
-        {"12hr-6", 2, 6, 12},
-    };
-    for (const Reading& row : rows) {
-        SCOPED_TRACE(row.text);
+void expectTimes(const char* table, int result) {
+    for (const Row& row : readTable(table)) {
+        SCOPED_TRACE(row.text(0));
         ForeTime time;
-        EXPECT_EQ(time.decode(row.text), 1);
-        expectReading(time, row);
+        EXPECT_EQ(time.decode(row.text(0)), result);
+        EXPECT_EQ(time.type, row.number(1));
+        EXPECT_FLOAT_EQ(time.tim1, row.number(2));
+        EXPECT_FLOAT_EQ(time.tim2, row.number(3));
+        EXPECT_FLOAT_EQ(time.off, row.number(4));
+        EXPECT_FLOAT_EQ(time.type_off, row.number(5));
     }
 }
 
-TEST(ForeTime, ReadsTimesRelativeToAnother) {
-    const Reading rows[] = {
-        {"time", Const::MISS, none, none, 0},   {"time-acc", 4, none, none, 0},
-        {"time-3", Const::MISS, none, none, 3}, {"time-6acc", 4, none, none, 0, 6},
-        {"time-3-6acc", 4, none, none, 3, 6},   {"time-3-6avg", 3, none, none, 3, 6},
-        {"time-3-acc", 4, none, none, 3},
-    };
-    for (const Reading& row : rows) {
-        SCOPED_TRACE(row.text);
-        ForeTime time;
-        EXPECT_EQ(time.decode(row.text), 0);
-        expectReading(time, row);
-    }
-}
-
-TEST(ForeTime, LeavesWhatItCannotReadUnset) {
-    ForeTime time("12hr");
-    EXPECT_EQ(time.decode("miss"), 0);
-    EXPECT_EQ(time.decode(""), 0);
-    EXPECT_EQ(time.decode("tomorrow"), 1);
-    EXPECT_FALSE(time.isSet());
-    EXPECT_EQ(time.tim1, none);
+TEST(ForeTime, ReadsFixedAndRelativeTimes) {
+    expectTimes("variable/times.txt", 1);
+    expectTimes("variable/relative_times.txt", 0);
 }
 
 TEST(ForeTime, PacksIntoCodes) {
-    class Row {
-    public:
-        const char* text;
-        int code;
-    };
-    const Row rows[] = {
-        {"anal", 0},
-        {"12hr", 12},
-        {"12", 9000012},
-        {"anal-24", 2024000},
-        {"anal-6", 2006000},
-        {"anal-3acc", 4003000},
-        {"anal-12acc", 4012000},
-        {"12hr-6avg", 3006012},
-        {"miss", Const::MISS},
-        // (3 + 100) * 10^7 + 4 * 10^6 + 799000 + 6
-        {"time-3-6acc", 1034799006},
-        {"time-3-acc", 1034799799},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(ForeTime(row.text).toCode(), row.code) << row.text;
+    for (const Row& row : readTable("variable/time_codes.txt"))
+        EXPECT_EQ(std::to_string(ForeTime(row.text(0)).toCode()), row.text(1)) << row.text(0);
 
     ForeTime days;
     days.set(4, 2, 1, 3);
@@ -99,13 +36,6 @@ TEST(ForeTime, PacksIntoCodes) {
     days.set(4801803);
     EXPECT_EQ(days.unit, 2);
     EXPECT_EQ(ForeTime(0, 6, Const::MISS).toCode(), 6);
-}
-
-TEST(ForeTime, ReadsCodes) {
-    expectReading(ForeTime(12), {"", 0, 12, 0});
-    expectReading(ForeTime(2024000), {"", 2, -24, 0});
-    expectReading(ForeTime(3006012), {"", 3, 6, 12});
-    EXPECT_FALSE(ForeTime(Const::MISS).isSet());
 }
 
 TEST(ForeTime, WritesTheTextItReads) {

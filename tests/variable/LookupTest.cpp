@@ -42,25 +42,6 @@ TEST_F(Lookups, FindsQuantitiesByNameAndIndex) {
     EXPECT_STREQ(label.get(), "Temperature [C]");
 }
 
-TEST_F(Lookups, GiveUpTheEntryUsedLongestAgo) {
-    std::string text;
-    for (int i = 1; i <= 41; ++i)
-        text += std::to_string(i) + " v" + std::to_string(i) + " Name\n";
-    write("variable.lup", text);
-    VarName names;
-    for (int i = 1; i <= 40; ++i)
-        names.get(i);
-    names.get(1); // now 2 is the oldest
-    EXPECT_EQ(names.get("v41"), 41);
-    EXPECT_STREQ(names.vname[0].abbr, "v1");
-    EXPECT_STREQ(names.vname[1].abbr, "v41");
-
-    // What is kept needs no file.
-    write("variable.lup", "");
-    EXPECT_EQ(names.get("v1"), 1);
-    EXPECT_EQ(names.get("v2"), -1);
-}
-
 TEST_F(Lookups, WarnOfMissingFiles) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(VarName().get("temp"), -1);
@@ -70,18 +51,6 @@ TEST_F(Lookups, WarnOfMissingFiles) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "VarName: Unable to open file: " + path + "/variable.lup\n" +
                   "ModelName: Unable to open file: " + path + "/mod_name.lup\n");
-}
-
-TEST_F(Lookups, NameModels) {
-    write("mod_name.lup", "# c\n7:81 gfs analysis\n96 gfs\n98:1 toolonganame\n\n98:2 late\n");
-    ModelName names;
-    EXPECT_STREQ(names.get(7, 81), "gfs analy");
-    EXPECT_STREQ(names.get(7, 96), "gfs");
-    EXPECT_STREQ(names.get(98, 1), "toolongan");
-    EXPECT_STREQ(names.get(98, 2), "");
-    String out;
-    EXPECT_FALSE(names.get(96, 7, out));
-    EXPECT_TRUE(names.get(7, 96, out));
 }
 
 TEST_F(Lookups, SplitModelsIntoPieces) {

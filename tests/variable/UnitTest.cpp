@@ -52,14 +52,6 @@ TEST_F(UnitFiles, SplitsNumbersOffNames) {
     EXPECT_EQ(unit.convert(2, "1e300 ft", "m"), none);
 }
 
-TEST_F(UnitFiles, RemembersWhatTheFileLacks) {
-    EXPECT_EQ(unit.convert(1, "A", "B"), none);
-    write("units.lup", "A B *2\nA C *3\n");
-    EXPECT_EQ(unit.convert(1, "A", "B"), none);
-    EXPECT_FLOAT_EQ(unit.convert(1, "A", "C"), 3);
-    EXPECT_FLOAT_EQ(Unit().convert(1, "A", "B"), 2);
-}
-
 TEST_F(UnitFiles, KeepsAnsweringBeyondItsTenSlots) {
     std::string text;
     for (char c = 'a'; c <= 'p'; ++c)
@@ -76,13 +68,6 @@ TEST_F(UnitFiles, KeepsAnsweringBeyondItsTenSlots) {
         fresh.convert(1, "z", std::string(1, c).c_str());
     EXPECT_STREQ(fresh.data[0].to, "k");
     EXPECT_STREQ(fresh.data[1].to, "b");
-}
-
-TEST_F(UnitFiles, TellsLongNamesApart) {
-    write("units.lup", "kcal/m^2/hr W/m^2 *1.163\n");
-    EXPECT_FLOAT_EQ(unit.convert(1, "1000 kcal/m^2/hr", "W/m^2"), 1163);
-    EXPECT_FLOAT_EQ(unit.convert(1, "1000 kcal/m^2/hr", "10 W/m^2"), 116.3f);
-    EXPECT_EQ(unit.convert(1, "1000 kcal/m^2/hx", "W/m^2"), none);
 }
 
 class Known {
@@ -183,16 +168,6 @@ TEST(UnitText, SplitsAndChangesLabels) {
     String label("Temperature [C]");
     Unit::change(label, "F");
     EXPECT_STREQ(label.get(), "Temperature [F]");
-}
-
-TEST(UnitText, ShortensUnitsMadeByArithmetic) {
-    const char* rows[][2] = {
-        {"g/kg/s/s", "g/kg/s^2"}, {"kg/kg", ""}, {"g/g/m", "/m"}, {"m/s/s/s", "m/s^2"}};
-    for (const auto& row : rows) {
-        String text(row[0]);
-        Unit::simplify(text);
-        EXPECT_STREQ(text.get(), row[1]);
-    }
 }
 
 } // namespace

@@ -154,15 +154,6 @@ TEST_F(VarLists, TellHowItemsAreDrawn) {
     EXPECT_TRUE(list.isEmpty(2));
 }
 
-TEST_F(VarLists, WriteItemsInFull) {
-    VarList list;
-    list.decode("12hr-6acc:sfc:prec[mm,cf,ci=5]");
-    String out("");
-    EXPECT_EQ(list.getString(0, out), 1);
-    EXPECT_STREQ(out.get(), "12hr-6acc:sfc:prec[mm,cf,ci=5]");
-    EXPECT_EQ(list.getString(1, out), 0);
-}
-
 TEST_F(VarLists, ReplaceNames) {
     const char* alias = "alias Alias 0 temp[F,plot]\n";
     const char* two = "both Both 0 temp[C],dewp\n";
@@ -213,22 +204,6 @@ TEST_F(VarLists, EndDefinitionsThatContainEachOther) {
     EXPECT_EQ(VarList::process("c", list), 0);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "VarList::process error, c grows without end\n");
-}
-
-TEST_F(VarLists, TakeTheFirstDefinition) {
-    write("test.var", "a A 0 temp\na A 0 dewp\n");
-    VarList list;
-    String value("");
-    EXPECT_EQ(list.searchFile("a", value), 0);
-    list.setFile("test.var");
-    EXPECT_EQ(list.searchFile("a", value), 1);
-    EXPECT_STREQ(value.get(), "temp");
-    EXPECT_EQ(list.searchFile("A", value), 0);
-    VarList::process("a", list);
-    EXPECT_STREQ(list.getName(0), "temp");
-    list.setFile("missing.var");
-    EXPECT_EQ(VarList::process("a", list), 1);
-    EXPECT_STREQ(list.getName(0), "a");
 }
 
 } // namespace
