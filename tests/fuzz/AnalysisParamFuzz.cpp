@@ -3,31 +3,21 @@
 #include "ORV/Data.h"
 #include "ORV/Grids.h"
 #include "ORV/ObjectAnal.h"
-#include "ORV/Orv.h"
+
+#include "Fuzz.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
 
 using namespace ORV;
 
-namespace {
-void checkRanges(const ObjectAnal& anal) {
-    if (!(anal.filter > 0) || !(anal.rad_inf > 0) || anal.num_pass < 1 || anal.num_pass > 4 ||
-        !(anal.converg >= 0.01F && anal.converg < 1) || anal.min_sta < 1)
-        std::abort();
-}
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    Orv::setMessageLevel(0);
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     ObjectAnal checked;
     checked.set(text.c_str());
     checked.setParam(("oa=" + text.substr(0, text.find(','))).c_str());
-    checkRanges(checked);
+    expect(checked.filter > 0 && checked.rad_inf > 0 && checked.min_sta >= 1);
+    expect(checked.num_pass >= 1 && checked.num_pass <= 4);
+    expect(checked.converg >= 0.01F && checked.converg < 1);
 
     ObjectAnal anal(text.c_str());
     anal.num_pass = std::min(anal.num_pass, 3);
@@ -39,7 +29,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     grids.setDomain(Domain("ll,0,0,9,7,1,1"));
     anal.compute(table, grids);
     for (int k = 0; k < 63; k++)
-        if (std::isnan(grids.grd[0].data[k]) || std::isnan(grids.grd[1].data[k]))
-            std::abort();
-    return 0;
+        expect(!std::isnan(grids.grd[0].data[k]) && !std::isnan(grids.grd[1].data[k]));
 }

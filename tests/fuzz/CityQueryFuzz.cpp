@@ -6,21 +6,17 @@
 #include "ORV/StatPrior.h"
 #include "ORV/Strings.h"
 
-#include <cstdint>
-#include <cstdlib>
-#include <string>
+#include "Fuzz.h"
 
 using namespace ORV;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     CityData city;
     city.lat = 39.8F;
     city.lon = -104.7F;
     city.prior = 2;
     const Strings list(text.c_str(), ',');
-    if (CityTool::compareData(list, city) >= list.getNum())
-        std::abort();
+    expect(CityTool::compareData(list, city) < list.getNum());
 
     char id[6];
     CityTool::toId(text.c_str(), id);
@@ -28,10 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     CityHash table;
     CityHashData found;
     table.get(text.c_str(), found);
-
-    StatPrior prior;
-    prior.setParam(text.c_str());
+    StatPrior().setParam(text.c_str());
     static SfcRaw sfc;
     sfc.setParam(text.c_str());
-    return 0;
 }

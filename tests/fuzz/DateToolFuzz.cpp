@@ -1,14 +1,12 @@
+// Every reader of a date, zone or span text, and the labels of what it read.
 #include "ORV/DateTool.h"
 #include "ORV/Filename.h"
 
-#include <cstdint>
-#include <string>
+#include "Fuzz.h"
 
 using namespace ORV;
 
-/// Every reader of a date, zone or span text, and the labels of what it read.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     const Timezone zone(text.c_str());
     String out;
     Date header;
@@ -18,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         DateTool::createLabel(date, zone, "", 12, out);
         date.toText(text.c_str(), out);
         date.adjustMinute(date.day, date.min, date.hour);
-        date.addMonths(int(size));
+        date.addMonths(static_cast<int>(text.size()));
         date.addYears(date.month);
         date.fix();
         date.toText(out);
@@ -26,5 +24,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     Filename files;
     files.setNumFiles(text.c_str());
     files.setFixDate(text.c_str());
-    return 0;
 }

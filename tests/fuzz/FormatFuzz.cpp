@@ -1,12 +1,11 @@
+// A format of a user.
 #include "ORV/Format.h"
 
-#include <cstdint>
-#include <string>
+#include "Fuzz.h"
 
 using namespace ORV;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string format(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& format) {
     char text[16];
     String grown;
     Format::print(text, sizeof text, format.c_str(), 1013.25f);
@@ -14,5 +13,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     Format::print(grown, format.c_str());
     Format::print(grown, format.c_str(), "text");
     Format::print(grown, format.c_str(), 42L);
-    return 0;
 }

@@ -3,15 +3,14 @@
 #include "ORV/ForeTime.h"
 #include "ORV/Level.h"
 
+#include "Fuzz.h"
+
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
-#include <string>
 
 using namespace ORV;
 
 namespace {
-
 void use(const Level& level) {
     String text;
     level.toLabel(text);
@@ -30,18 +29,15 @@ void use(const ForeTime& time) {
     time.getHours();
     ForeTime coded(time.toCode());
     time.toString(text);
-    ForeTime again(text.get());
-    again.toCode();
+    ForeTime(text.get()).toCode();
 }
-
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     use(Level(text.c_str()));
     use(ForeTime(text.c_str()));
     int codes[2] = {0, 0};
-    std::memcpy(codes, bytes, std::min(size, sizeof codes));
+    std::memcpy(codes, text.data(), std::min(text.size(), sizeof codes));
     Level level;
     level.decode(codes[0], codes[1]);
     use(level);
@@ -49,5 +45,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     ForeTime days(codes[1]);
     days.setOffset(static_cast<float>(codes[0]));
     use(days);
-    return 0;
 }

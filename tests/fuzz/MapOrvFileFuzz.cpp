@@ -1,33 +1,27 @@
 // A map file in the native form, in either of its forms, read whole and passed over.
 #include "ORV/MapOrvFile.h"
 
-#include "MemoryFile.h"
+#include "Fuzz.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 
 using namespace ORV;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    static MemoryFile memory("map");
-    const char* path = memory.fill(bytes, size);
+void fuzz(const std::string& bytes) {
+    const char* path = makeFile(bytes);
     for (const int type : {MapOrvFile::FIND, MapOrvFile::BINARY, MapOrvFile::TEXT}) {
         MapOrvFile file;
         MapFileHeader header;
         EarthPoint point;
-        int segments = 0, points = 0;
+        int segments = 0;
+        std::size_t points = 0;
         for (file.open(path, 0, type); file.readHeader(header); segments++)
-            while (file.readData(point))
-                points +=
-                    std::isfinite(point.lat) && std::isfinite(point.lon) ? 1 : (std::abort(), 0);
-        if (static_cast<std::size_t>(points) > size)
-            std::abort();
+            for (; file.readData(point); points++)
+                expect(std::isfinite(point.lat) && std::isfinite(point.lon));
+        expect(points <= bytes.size());
         file.rewind();
         for (; file.readHeader(header); segments--)
             file.skipData();
-        if (segments != 0)
-            std::abort();
+        expect(segments == 0);
     }
-    return 0;
 }

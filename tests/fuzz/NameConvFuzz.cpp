@@ -1,42 +1,19 @@
+// Three lines: a request, a name, a pattern; the whole is a convention file as well.
 #include "ORV/NameConv.h"
-#include "ORV/Orv.h"
 
-#include <unistd.h>
+#include "Fuzz.h"
 
-#include <cstdint>
+#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
 
 using namespace ORV;
 
-namespace {
-/// The folder of this process, removed at its end.
-class Folder {
-public:
-    Folder()
-        : path(std::filesystem::temp_directory_path() / ("orv_fuzz_" + std::to_string(getpid()))) {
-        std::filesystem::create_directories(path);
-        Orv::setMessageLevel(0);
-        Orv::putResrc("file_path", path.c_str());
-        setenv("orvcurtime", "200701121830", 1);
-    }
-    ~Folder() {
-        std::error_code error;
-        std::filesystem::remove_all(path, error);
-    }
-    std::filesystem::path path;
-};
-} // namespace
-
-/// Three lines: a request, a name, a pattern; the whole is a convention file as well.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    static const Folder folder;
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     if (text.find("http:") != std::string::npos)
-        return 0; // nothing leaves this machine
-    std::ofstream(folder.path / "name.cnv", std::ios::binary) << text;
+        return; // nothing leaves this machine
+    setenv("orvcurtime", "200701121830", 1);
+    makeDatabase("name.cnv", text);
+    Orv::putResrc("file_path", Orv::getDatabasePath());
     const std::size_t first = std::min(text.find('\n'), text.size());
     const std::size_t second = std::min(text.find('\n', first + 1), text.size());
     const std::string request = text.substr(0, first);
@@ -55,5 +32,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         if (request.find("#") == std::string::npos)
             conv.setLatest(request.c_str(), result);
     }
-    return 0;
 }

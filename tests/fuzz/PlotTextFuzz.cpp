@@ -1,19 +1,17 @@
+// The texts of users that plots and figures read: parameters, parts to draw, geometry, panels,
+// labels, logos, forecast times, key events, and the time of the settings.
 #include "ORV/Figure.h"
-#include "ORV/Orv.h"
 
+#include "Fuzz.h"
 #include "LogoText.h"
-
-#include <cstddef>
-#include <cstdint>
-#include <string>
 
 using namespace ORV;
 
-namespace {
-
-// The texts of users that plots and figures read: parameters, parts to draw, geometry, panels,
-// labels, logos, forecast times, key events.
-void readAll(const char* text) {
+void fuzz(const std::string& input) {
+    const char* text = input.c_str();
+    Orv::resrc.clear();
+    Orv::resrc.put("current", text);
+    Figure().endPlot();
     Figure figure;
     figure.setParam(text);
     figure.setForeTime(text);
@@ -38,17 +36,4 @@ void readAll(const char* text) {
     LogoText logo;
     if (logo.set(text))
         logo.getAnchor(Rect(0, 0, 1, 1));
-}
-
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    Orv::setMessageLevel(0);
-    Orv::resrc.clear();
-    // A time of the settings, and the rest at once.
-    const std::string text(reinterpret_cast<const char*>(data), size);
-    Orv::resrc.put("current", text.c_str());
-    Figure().endPlot();
-    readAll(text.c_str());
-    return 0;
 }

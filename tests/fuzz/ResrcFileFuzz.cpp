@@ -1,28 +1,19 @@
-#include "ORV/Orv.h"
+// A resource file.
 #include "ORV/ResrcFile.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
-#include <cstdint>
-#include <string>
+#include "Fuzz.h"
 
 using namespace ORV;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const int fd = memfd_create("resources", 0);
-    if (fd < 0 || write(fd, bytes, size) < 0)
-        return 0;
-    Orv::setMessageLevel(0);
+void fuzz(const std::string& bytes) {
     Orv::putResrc("prog", "obschart");
     Orv::putResrc("name", "+night");
     ResrcFile file(Orv::resrc);
     file.setTag("night");
-    const std::string path = "/proc/self/fd/" + std::to_string(fd);
     String key, value;
     // Twice: the state of the conditions lives on.
     for (int i = 0; i < 2; i++) {
-        file.open(path.c_str());
+        file.open(makeFile(bytes));
         while (file.get(key, value) == 1) {
             file.compare(value.get(), key.get());
             file.compare("color_map", key.get());
@@ -30,6 +21,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         }
         file.close();
     }
-    close(fd);
-    return 0;
 }

@@ -1,14 +1,13 @@
+// Numbers and records of a text.
 #include "ORV/Scan.h"
 
+#include "Fuzz.h"
+
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
 
 using namespace ORV;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     const char* p = text.c_str();
     int whole = 0, used = 0;
     short narrow = 0;
@@ -21,9 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     Scan::text(p, "%2d%2hd%f-%lf/%ld", &whole, &narrow, &real, &number, &wide);
     Scan::text(p, "#%x %*s %d%%%n", &hex, &whole, &used);
     const int passed = Scan::number(p, number);
-    if (passed < 0 || passed > static_cast<int>(text.size()) || !std::isfinite(number))
-        std::abort();
+    expect(passed >= 0 && passed <= static_cast<int>(text.size()) && std::isfinite(number));
     Scan::integer(p, whole, 3);
     Scan::toInt(number);
-    return 0;
 }

@@ -1,22 +1,19 @@
+// The first byte is the delimiter, the second the limit of fields, the rest the text.
 #include "ORV/FloatArray.h"
-#include "ORV/Resrc.h"
 #include "ORV/StrLib.h"
 #include "ORV/String.h"
 #include "ORV/Strings.h"
 
-#include <cstdint>
-#include <string>
+#include "Fuzz.h"
 
 using namespace ORV;
 
-/// The first byte is the delimiter, the second the limit of fields, the rest the text.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    if (size < 2)
-        return 0;
-    const char delim = static_cast<char>(bytes[0]);
+void fuzz(const std::string& bytes) {
+    if (bytes.size() < 2)
+        return;
+    const char delim = bytes[0];
     const int maxfields = static_cast<signed char>(bytes[1]);
-    const std::string text(reinterpret_cast<const char*>(bytes) + 2, size - 2);
-
+    const std::string text = bytes.substr(2);
     for (const Strings& list : {Strings(text.c_str()), Strings(text.c_str(), delim),
                                 Strings(text.c_str(), delim, maxfields),
                                 Strings(text.c_str(), delim, maxfields, "\"[({")})
@@ -34,5 +31,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     copied.stripWS();
     StrLib::getField(text.c_str(), delim, maxfields);
     StrLib::hasToken(text.c_str(), delim, copied.get());
-    return 0;
 }

@@ -3,17 +3,14 @@
 #include "ORV/ModelSpec.h"
 #include "ORV/VarName.h"
 
-#include "FuzzDatabase.h"
+#include "Fuzz.h"
 
 using namespace ORV;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    static const FuzzDatabase database;
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     for (const char* name : {"variable.lup", "mod_name.lup", "model.lup"})
-        database.write(name, text);
+        makeDatabase(name, text);
     const std::string word = text.substr(0, text.find_first_of(" \n"));
-
     VarName names;
     Variable var;
     VarNameItem item;
@@ -22,10 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     names.get(11, var);
     String label;
     VarName::makeLabel(word.c_str(), "C", label);
-    ModelName models;
-    models.get(7, 11);
+    ModelName().get(7, 11);
     ModelSpec model;
-    if (model.set(word.c_str()) && (model.getNum() > 12 || !model.getName(model.getNum() - 1)))
-        std::abort();
-    return 0;
+    if (model.set(word.c_str()))
+        expect(model.getNum() <= 12 && model.getName(model.getNum() - 1));
 }

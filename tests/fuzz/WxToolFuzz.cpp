@@ -1,13 +1,11 @@
 // Present weather in any notation.
 #include "ORV/WxTool.h"
 
-#include <cstdint>
-#include <string>
+#include "Fuzz.h"
 
 using namespace ORV;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string text(reinterpret_cast<const char*>(bytes), size);
+void fuzz(const std::string& text) {
     String out;
     WxTool::getWeather(text.c_str(), out);
     WxTool::getSAWeather(text.c_str(), out);
@@ -15,5 +13,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     WxTool::getWmoFromWeather(text.c_str());
     WxTool::decodeDir(text.c_str());
     WxTool::getCloudStr(text.c_str());
-    return 0;
 }

@@ -1,13 +1,13 @@
+// Compressed blocks behind each other, into a small room that is emptied whenever it is full.
 #include "ORV/Zlib.h"
 
-#include <cstdint>
+#include "Fuzz.h"
 
 using namespace ORV;
 
-/// Compressed blocks behind each other, into a small room that is emptied whenever it is full.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+void fuzz(const std::string& bytes) {
     Buffer in;
-    in.add(bytes, int(size));
+    in.add(reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
     Buffer out(4096);
     Zlib zlib;
     for (int i = 0; i < 1000; i++) {
@@ -18,5 +18,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
             break;
         out.clear();
     }
-    return 0;
 }

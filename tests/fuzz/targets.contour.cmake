@@ -1,5 +1,3 @@
 orv_fuzz(ColorFill)
 orv_fuzz(VectParam)
-target_include_directories(fuzz_VectParam PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 orv_fuzz(ContParam)
-target_include_directories(fuzz_ContParam PRIVATE ${PROJECT_SOURCE_DIR}/tests)
