@@ -4,6 +4,7 @@
 #include "ORV/Orv.h"
 #include "ORV/StrLib.h"
 
+#include "Table.h"
 #include "TempDir.h"
 #include <gtest/gtest.h>
 
@@ -49,30 +50,9 @@ private:
 } // namespace
 
 TEST_F(ColorFillTest, ReadsStepTablesCyclesAndRanges) {
-    const struct {
-        const char* text;
-        const char* entries;
-    } cases[] = {
-        {"red,blue,green", ":20 :21 :22 "},
-        {"0:red,10:blue", "0:20 10:21 "},
-        {"0:red,green,10:blue", "0:20 5:22 10:21 "},
-        {"0:red,10:blue,green", "0:20 10:21 20:22 "}, // goes on in the last step
-        {"0:red,blue,green", "0:20 :21 :22 "},
-        {"red,5:blue", ":20 5:21 "}, // no first value: a cycle
-        {"10-15", ":10 :11 :12 :13 :14 :15 "},
-        {"15-10", ":15 :14 :13 :12 :11 :10 "},
-        {"c3-c5,red", ":3 :4 :5 :20 "},
-        {"-5:red", "-5:20 "},
-        {"-5:red,-.5:blue", "-5:20 -0.5:21 "},
-        {"12", ":12 "},
-        {"0:off,1:none:wi=2", "0:-1 1:-1 "},
-        {"0:red:wi=2, 5:blue", "0:20 5:21 "},
-        {"no_such_file", ""},
-        {"", ""},
-    };
-    for (const auto& c : cases) {
-        ColorFill fill(map, c.text);
-        EXPECT_EQ(entries(fill), c.entries) << c.text;
+    for (const Row& c : readTable("contour/reads_step_tables_cycles_and_ranges.txt")) {
+        ColorFill fill(map, c.text("text"));
+        EXPECT_EQ(entries(fill), c.text("entries")) << c.text("text");
     }
     ColorFill range(map, "c2:wi=3-c4");
     EXPECT_STREQ(range.getColorName(1), "3");

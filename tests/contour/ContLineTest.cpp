@@ -1,4 +1,5 @@
 #include "ContFixture.h"
+#include "Table.h"
 
 #include <cmath>
 
@@ -39,31 +40,12 @@ protected:
 };
 
 TEST_F(ContLineTest, ChoosesRoundLevelsAroundTheRange) {
-    const struct {
-        const char* what;
-        float min, max;
-        const char* params;
-        float conlo, conhi;
-        int num;
-    } rows[] = {
-        {"maximum on a level", 0, 100, "ci=10", 0, 110, 12},
-        {"a base", 0, 100, "ci=10,cb=5", -5, 105, 12},
-        {"maximum on a level of a base", 5, 105, "ci=10,cb=5", 5, 115, 12},
-        {"between", 3, 96, "ci=10", 0, 100, 11},
-        {"negative", -17, -2, "ci=5", -20, 0, 5},
-        {"limits", 0, 100, "ci=10,cb=>22,cb=<58", 20, 60, 5},
-        {"limits that run downward", 0, 100, "ci=10,cb=>80,cb=<20", 20, 80, 7},
-        {"tenths", 0.3f, 0.7f, "ci=0.1", 0.3f, 0.8f, 6},
-        {"flat", 7, 7, "", 7, 8, 2},
-        {"downward interval", 0, 100, "ci=-10", 0, 110, 12},
-        {"by the number of colors", 0, 100, "cof=0-10", 0, 110, 12},
-    };
-    for (const auto& row : rows) {
-        choose(row.min, row.max, row.params);
-        EXPECT_FLOAT_EQ(cont.conlo, row.conlo) << row.what;
-        EXPECT_FLOAT_EQ(cont.conhi, row.conhi) << row.what;
-        EXPECT_EQ(cont.num_cont, row.num) << row.what;
-        EXPECT_FLOAT_EQ(cont.getLevel(2), cont.conlo + 2 * cont.intrvl) << row.what;
+    for (const Row& row : readTable("contour/chooses_round_levels_around_the_range.txt")) {
+        choose(row.number("min"), row.number("max"), row.text("params"));
+        EXPECT_FLOAT_EQ(cont.conlo, row.number("conlo")) << row.text("what");
+        EXPECT_FLOAT_EQ(cont.conhi, row.number("conhi")) << row.text("what");
+        EXPECT_EQ(cont.num_cont, row.integer("num")) << row.text("what");
+        EXPECT_FLOAT_EQ(cont.getLevel(2), cont.conlo + 2 * cont.intrvl) << row.text("what");
     }
 }
 
@@ -225,18 +207,8 @@ TEST_F(ContLineTest, ContoursLieWhereAnotherProgramDrawsThem) {
                                   1020.2f, 1019.7f, 1019.5f, 1019.6f, 1019.4f, 1019.1f, 1017.5f, //
                                   n,       n,       n,       1016.2f, 1015.5f, 1019.0f, 1020.6f,
                                   1018.4f, 1017.4f, 1016.2f, 1018.1f, 1018.2f, 1016.8f, 1015.3f});
-    const struct {
-        const char* level;
-        size_t segments;
-        double length, x, y;
-    } rows[] = {
-        {"1002.05:red", 7, 6.0377, 10.1668, 7.3375},  {"1006.05:red", 8, 7.4640, 9.5218, 6.8679},
-        {"1010.05:red", 10, 8.9939, 8.8469, 6.3599},  {"1014.05:red", 13, 10.6883, 8.1284, 5.8376},
-        {"1018.05:red", 30, 25.7731, 6.3661, 3.5330}, {"1022.05:red", 9, 5.5477, 2.0874, 6.8792},
-        {"1026.05:red", 7, 3.6145, 1.3445, 7.6719},
-    };
-    for (const auto& row : rows) {
-        cont.setColorFill(row.level);
+    for (const Row& row : readTable("contour/contours_lie_where_another_program_draws_them.txt")) {
+        cont.setColorFill(row.text("level"));
         drawLine(grid);
         double length = 0, x = 0, y = 0;
         for (const Shape& line : lines()) {
@@ -245,10 +217,10 @@ TEST_F(ContLineTest, ContoursLieWhereAnotherProgramDrawsThem) {
             x += piece * (line[0].x + line[1].x) / 2;
             y += piece * (line[0].y + line[1].y) / 2;
         }
-        EXPECT_EQ(lines().size(), row.segments) << row.level;
-        EXPECT_NEAR(length, row.length, 0.005) << row.level;
-        EXPECT_NEAR(x / length, row.x, 0.002) << row.level;
-        EXPECT_NEAR(y / length, row.y, 0.002) << row.level;
+        EXPECT_EQ(lines().size(), row.integer("segments")) << row.text("level");
+        EXPECT_NEAR(length, row.real("length"), 0.005) << row.text("level");
+        EXPECT_NEAR(x / length, row.real("x"), 0.002) << row.text("level");
+        EXPECT_NEAR(y / length, row.real("y"), 0.002) << row.text("level");
     }
 }
 

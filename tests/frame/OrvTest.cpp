@@ -3,6 +3,7 @@
 #include "ORV/Prog.h"
 #include "ORV/String.h"
 
+#include "Table.h"
 #include "frame/FrameFixture.h"
 
 #include <cstdio>
@@ -39,18 +40,9 @@ using PromptTest = OrvTest;
 } // namespace
 
 TEST_F(OrvTest, LevelsChooseMessages) {
-    const struct {
-        const char *text, *sent;
-    } cases[] = {
-        {"", "plain banner | warning error "},
-        {"none", "| error "},
-        {"warn", "plain | warning error "},
-        {"warn,+debug2", "plain debug2 | warning error "},
-        {"debug", "plain banner debug debug2 | warning error "},
-    };
-    for (const auto& c : cases) {
-        maskAfter(c.text);
-        EXPECT_EQ(sendAll(), c.sent) << c.text;
+    for (const Row& c : readTable("frame/levels_choose_messages.txt")) {
+        maskAfter(c.text("text"));
+        EXPECT_EQ(sendAll(), c.text("sent")) << c.text("text");
     }
 }
 

@@ -1,5 +1,6 @@
 #include "ORV/ResrcFile.h"
 
+#include "Table.h"
 #include "frame/FrameFixture.h"
 
 using namespace ORV;
@@ -31,43 +32,15 @@ protected:
 } // namespace
 
 TEST_F(ResrcFileTest, ReadsPairs) {
-    const struct {
-        std::string text;
-        const char* pairs;
-        const char* what;
-    } cases[] = {
-        {"*.a 1\n# *.b 2\n *.c: 3 rest\n\n*.Alone\n", "*.a=1 *.c=3 ",
-         "comments, colons, lone keys"},
-        {"Color_Map Red", "color_map=Red ", "key in lower case, no newline at the end"},
-        {"*.title \"Noon map\" rest\n", "*.title=Noon map ", "quoted"},
-        {"*.title \"Noon map\n", "*.title=Noon map ", "quote left open"},
-        {"*.title \"\"\n", "*.title= ", "quoted empty value"},
-        {"*.a\tx\r\n", "*.a=x ", "tab and carriage return"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(read(c.text), c.pairs) << c.what;
+    for (const Row& c : readTable("frame/reads_pairs.txt"))
+        EXPECT_EQ(read(c.text("text")), c.text("pairs")) << c.text("what");
 }
 
 TEST_F(ResrcFileTest, ConditionsChooseBranches) {
-    const struct {
-        const char *text, *pairs, *what;
-    } cases[] = {
-        {"IF no\na 1\nELSE\na 2\nEND\nb 3\n", "a=2 b=3 ", "else"},
-        {"IF yes\na 1\nELIF yes\na 2\nELIF yes\na 3\nELSE\na 4\nEND\n", "a=1 ",
-         "all behind a taken one are dead"},
-        {"IF no\na 1\nELIF yes\na 2\nELSE\na 3\nEND\n", "a=2 ", "elif"},
-        {"if V6\na 1\nend\n", "a=1 ", "built-in tag"},
-        {"IF no\na 1\nELIF V6\na 2\nEND\n", "", "the built-in tag is none for elif"},
-        {"IF no\nIF yes\na 1\nEND\nELSE\na 2\nEND\n", "a=2 ", "nested in a dead branch"},
-        {"IF yes\nIF no\na 1\nELSE\na 2\nEND\na 3\nEND\n", "a=2 a=3 ", "nested in a live branch"},
-        {"UNDEF YES\nIF yes\na 1\nEND\n", "undef=YES ", "undefined"},
-        {"IF no\nDEF late\nEND\nIF LATE\na 1\nEND\n", "a=1 ", "defined in a dead branch"},
-        {"IF\na 1\n", "a=1 ", "a word alone is no condition"},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("frame/conditions_choose_branches.txt")) {
         ResrcFile file(Orv::resrc);
         file.setTag("yes");
-        EXPECT_EQ(read(file, c.text), c.pairs) << c.what;
+        EXPECT_EQ(read(file, c.text("text")), c.text("pairs")) << c.text("what");
     }
 }
 
@@ -93,17 +66,8 @@ TEST_F(ResrcFileTest, HoldsToItsLimits) {
 
 TEST_F(ResrcFileTest, KeysNameProgramsByPattern) {
     ResrcFile file(Orv::resrc);
-    const struct {
-        const char* key;
-        bool fits;
-    } cases[] = {
-        {"*color_map", true}, {"*chart*color*map", true},
-        {"color_map", false}, {"obschart.*", false},
-        {"*", false},         {"*.color_maps", false},
-        {"*o*_map", true},    {"", false},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(file.compare("color_map", c.key), c.fits) << c.key;
+    for (const Row& c : readTable("frame/keys_name_programs_by_pattern.txt"))
+        EXPECT_EQ(file.compare("color_map", c.text("key")), c.integer("fits")) << c.text("key");
     EXPECT_TRUE(file.valid("*.anything"));
     EXPECT_TRUE(file.valid("obschart.anything"));
     EXPECT_FALSE(file.valid("anything"));

@@ -1,5 +1,5 @@
 #include "GraphFixture.h"
-
+#include "Table.h"
 using namespace ORV;
 
 using GraphDraw = GraphFixture;
@@ -34,30 +34,11 @@ TEST_F(GraphDraw, SendsOnlyWhatMayTouchTheWindow) {
 
 TEST_F(GraphDraw, DrawsTheShapesOfMarks) {
     openInPixels();
-    const struct {
-        int type;
-        const char* calls;
-    } cases[] = {
-        {1, "line 2 100.0,400.0 101.0,400.0 101.0,399.0 100.0,399.0 100.0,400.0\n"},
-        {2, "line 2 95.0,400.0 105.0,400.0\nline 2 100.0,405.0 100.0,395.0\n"},
-        {3, "line 2 95.0,400.0 105.0,400.0\nline 2 95.0,405.0 105.0,395.0\n"
-            "line 2 100.0,395.0 100.0,405.0\nline 2 105.0,405.0 95.0,395.0\n"},
-        {4, "line 2 95.0,400.0 95.7,397.5 97.5,395.7 100.0,395.0 102.5,395.7 104.3,397.5 "
-            "105.0,400.0 104.3,402.5 102.5,404.3 100.0,405.0 97.5,404.3 95.7,402.5 "
-            "95.0,400.0\n"},
-        {5, "line 2 95.0,405.0 105.0,395.0\nline 2 105.0,405.0 95.0,395.0\n"},
-        {6, "line 2 95.0,395.0 105.0,395.0 105.0,405.0 95.0,405.0 95.0,395.0\n"},
-        {7, "line 2 95.0,405.0 105.0,405.0 100.0,395.0 95.0,405.0\n"},
-        {8, "line 2 100.0,400.0 100.5,399.5\n"},
-        {9, "line 2 95.0,395.0 105.0,395.0 100.0,405.0 95.0,395.0\n"},
-        {10, "line 2 100.0,395.0 102.5,400.0 97.5,400.0 100.0,405.0\n"},
-        {11, ""},
-    };
     graph.setMarkSize(10);
-    for (const auto& c : cases) {
-        graph.setMarkType(c.type);
+    for (const Row& c : readTable("graphics/draws_the_shapes_of_marks.txt")) {
+        graph.setMarkType(c.integer("type"));
         graph.drawMark(100, 100);
-        EXPECT_EQ(device->take(), c.calls) << "mark " << c.type;
+        EXPECT_EQ(device->take(), c.text("calls")) << "mark " << c.integer("type");
     }
     graph.setDropShadow(2);
     graph.setMarkType(8);

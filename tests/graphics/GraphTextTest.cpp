@@ -1,4 +1,5 @@
 #include "GraphFixture.h"
+#include "Table.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -114,20 +115,13 @@ TEST_F(GraphText, TurnsWithItsDirection) {
 TEST_F(GraphText, PlacesABlockOfLines) {
     openInPixels();
     graph.setTextHeight(10);
-    const struct {
-        const char* text;
-        int valign;
-        float lift; // of the first line, in steps of 13
-    } cases[] = {
-        {"H\nH\nH", 1, 0}, {"H\nH\nH", 2, 0}, {"H\nH\nH", 3, 1},   {"H\nH\nH\nH", 3, 1},
-        {"H\nH\nH", 0, 2}, {"H\nH\nH", 5, 2}, {"H\nH\nH\n", 4, 3},
-    };
-    for (const auto& c : cases) {
-        graph.setTextAlign(1, c.valign);
+    for (const Row& c : readTable("graphics/places_a_block_of_lines.txt")) {
+        graph.setTextAlign(1, c.integer("valign"));
         graph.drawText(300, 200, "H");
         const float top = drawn().ymax;
-        graph.drawText(300, 200, c.text);
-        EXPECT_NEAR(drawn().ymax, top + 13 * c.lift, near) << c.valign << c.text;
+        graph.drawText(300, 200, c.text("text"));
+        EXPECT_NEAR(drawn().ymax, top + 13 * c.number("lift"), near)
+            << c.integer("valign") << c.text("text");
     }
     graph.drawText(0, 200, std::string(150, 'H').c_str());
     const int strokes = 3;

@@ -2,6 +2,7 @@
 #include "ORV/Grids.h"
 #include "ORV/Orv.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -183,49 +184,32 @@ TEST_F(GridDerivatives, PolesAreMissingExceptInDy) {
 }
 
 TEST_F(GridDerivatives, FallBackBesideMissingValues) {
-    const struct {
-        const char* what;
-        std::vector<float> values, slope;
-    } cases[] = {
-        {"both sides, then one", {1, 3, 8}, {2, 3.5f, 5}},
-        {"gap in the middle", {1, miss, 8}, {0, miss, 0}},
-        {"gaps on one side", {miss, 3, 8, 6, miss}, {miss, 5, 1.5f, -2, miss}},
-        {"alone", {4}, {0}},
-    };
-    for (const auto& c : cases)
+    for (const Row& c : readTable("grid/fall_back_beside_missing_values.txt"))
         for (const bool column : {false, true}) {
             Grid out;
-            const Grid line = makeLine(c.values, column);
+            const Grid line = makeLine(c.numbers("values"), column);
             column ? GridMath::dy(out, line) : GridMath::dx(out, line);
-            for (std::size_t k = 0; k < c.slope.size(); k++)
-                EXPECT_EQ(out.data[k], c.slope[k] == miss || !column ? c.slope[k] : -c.slope[k])
-                    << c.what << (column ? " in a column at " : " in a row at ") << k;
+            for (std::size_t k = 0; k < c.numbers("slope").size(); k++)
+                EXPECT_EQ(out.data[k], c.numbers("slope")[k] == miss || !column
+                                           ? c.numbers("slope")[k]
+                                           : -c.numbers("slope")[k])
+                    << c.text("what") << (column ? " in a column at " : " in a row at ") << k;
         }
 }
 
 TEST_F(GridDerivatives, LaplacianTakesThreePointsThatItFinds) {
     // The same line in each of three rows, so that only one axis counts; then turned.
-    const struct {
-        const char* what;
-        std::vector<float> line, bend;
-    } cases[] = {
-        {"a curve", {1, 2, 4, 9, 5}, {1, 1, 3, -9, -9}},
-        {"from higher indexes first", {7, miss, 4, 9, 11}, {miss, miss, -3, -3, -3}},
-        {"from lower ones else", {1, 2, 4, miss, 5}, {1, 1, 1, miss, miss}},
-        {"not three together", {1, 2, miss, 3, 4}, {miss, miss, miss, miss, miss}},
-        {"two columns", {1, 2}, {miss, miss}},
-    };
-    for (const auto& c : cases)
+    for (const Row& c : readTable("grid/laplacian_takes_three_points_that_it_finds.txt"))
         for (const bool turned : {false, true}) {
-            const int n = static_cast<int>(c.line.size());
+            const int n = static_cast<int>(c.numbers("line").size());
             Grid grid(turned ? 3 : n, turned ? n : 3), out;
             for (int k = 0; k < n; k++)
                 for (int row = 0; row < 3; row++)
-                    grid.setValue(turned ? row : k, turned ? k : row, c.line[k]);
+                    grid.setValue(turned ? row : k, turned ? k : row, c.numbers("line")[k]);
             EXPECT_EQ(GridMath::laplacian(out, grid), 1);
             for (int k = 0; k < n; k++)
-                EXPECT_EQ(turned ? out.getValue(1, k) : out.getValue(k, 1), c.bend[k])
-                    << c.what << " at " << k << (turned ? " turned" : "");
+                EXPECT_EQ(turned ? out.getValue(1, k) : out.getValue(k, 1), c.numbers("bend")[k])
+                    << c.text("what") << " at " << k << (turned ? " turned" : "");
         }
 }
 

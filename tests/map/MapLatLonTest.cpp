@@ -1,5 +1,5 @@
 #include "MapFixture.h"
-
+#include "Table.h"
 namespace ORV {
 namespace {
 
@@ -40,25 +40,16 @@ TEST_F(MapLatLonTest, TheDateLineIsDrawnTwiceOnlyWhereTheMapHasBothEnds) {
 }
 
 TEST_F(MapLatLonTest, NoLineCrossesTheMapAtItsCut) {
-    const struct {
-        const char* domain;
-        double longest; // of one step between points, plot coordinates
-    } cases[] = {
-        {"ll:0:180,0,180,73,37,5,5", 3},        {"merc:0:180,0,180,73,55,5.56,5.56", 16},
-        {"moll:0:100,0,100,73,37,3.6,3.6", 7},  {"lamb:40:-100:25:60,20,-100,61,61,4.6,4.6", 20},
-        {"ortho:20:20,20,20,61,61,2.2,2.2", 5}, {"albers:40:-100:25:60,40,-100,61,61,5,5", 5},
-        {"sat:0:0,0,0,61,61,2,2", 5},           {"lambaz:30:50,30,50,61,61,4.4,4.4", 40},
-    };
-    for (const auto& c : cases) {
-        draw(c.domain, 10, 10);
+    for (const Row& c : readTable("map/no_line_crosses_the_map_at_its_cut.txt")) {
+        draw(c.text("domain"), 10, 10);
         const auto drawn = lines();
-        EXPECT_GT(drawn.size(), 30u) << c.domain;
+        EXPECT_GT(drawn.size(), 30u) << c.text("domain");
         double most = 0;
         for (const Shape& line : drawn)
             for (size_t i = 1; i < line.size(); i++)
                 if (plot.withinDomain(line[i - 1]) && plot.withinDomain(line[i]))
                     most = std::max(most, longest({{line[i - 1], line[i]}}));
-        EXPECT_LT(most, c.longest) << c.domain;
+        EXPECT_LT(most, c.real("longest")) << c.text("domain");
     }
 }
 

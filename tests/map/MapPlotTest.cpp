@@ -1,6 +1,7 @@
 #include "ORV/MapPlot.h"
 
 #include "MapFixture.h"
+#include "Table.h"
 
 namespace ORV {
 namespace {
@@ -42,22 +43,10 @@ protected:
 
 TEST_F(MapPlotTest, MarksChooseTheLayer) {
     write("list.mpl", "a.map\n-b.map +c.map\n");
-    const struct {
-        const char *param, *list, *drawn;
-    } cases[] = {
-        {"", "a.map,-b.map,+c.map", "a"},
-        {"under", "a.map,-b.map,+c.map", "b"},
-        {"over", "a.map,-b.map,+c.map", "c"},
-        {"default,over", "a.map,-b.map,+c.map", "ac"},
-        {"", "list.mpl", "a"},
-        {"under", "list.MPL,fi:list.mpl", "b"}, // the first isn't there: names keep their case
-        {"over", "-list.mpl", ""},
-        {"over", "+list.mpl,+fi:list.mpl,-FI:list.mpl", "cc"},
-        {"", "+list.mpl", ""},
-    };
-    for (const auto& c : cases) {
-        MapPlot map(c.param);
-        EXPECT_EQ(draw(map, c.list), c.drawn) << c.param << " " << c.list;
+    for (const Row& c : readTable("map/marks_choose_the_layer.txt")) {
+        MapPlot map(c.text("param"));
+        EXPECT_EQ(draw(map, c.text("list")), c.text("drawn"))
+            << c.text("param") << " " << c.text("list");
     }
 }
 
@@ -103,31 +92,16 @@ TEST_F(MapPlotTest, ConditionsChooseByTheCentreAndTheSize) {
 }
 
 TEST_F(MapPlotTest, AttributesColorAndFill) {
-    const struct {
-        const char *param, *list;
-        const char *line, *fill; // the last colors
-        int lines, fills;
-    } cases[] = {
-        {"", "a.map", "ff0000", "", 1, 0}, // the default
-        {"co=#0000ff", "a.map", "0000ff", "", 1, 0},
-        {"", "a.map[#0000ff]", "0000ff", "", 1, 0},
-        {"", "a.map:#0000ff:fill", "", "0000ff", 0, 1},
-        {"", "a.map[#0000ff,fill]", "", "0000ff", 0, 1},
-        {"", "a.map[#0000ff:fill:coln=red]", "ff0000", "0000ff", 1, 1},
-        {"coln=red,fill", "a.map[#0000ff]", "ff0000", "0000ff", 1, 1},
-        {"", "a.map[#0000ff:fill],b.map[red]", "ff0000", "", 1, 1}, // filling ends with its item
-        {"", "a.map:off,b.map[off]", "", "", 0, 0},
-    };
-    for (const auto& c : cases) {
-        MapPlot map(c.param);
-        draw(map, c.list);
-        EXPECT_EQ(device->count("line 1"), c.lines) << c.list;
-        EXPECT_EQ(device->count("fill 3"), c.fills) << c.list;
-        if (*c.line) {
-            EXPECT_EQ(color(1), c.line) << c.list;
+    for (const Row& c : readTable("map/attributes_color_and_fill.txt")) {
+        MapPlot map(c.text("param"));
+        draw(map, c.text("list"));
+        EXPECT_EQ(device->count("line 1"), c.integer("lines")) << c.text("list");
+        EXPECT_EQ(device->count("fill 3"), c.integer("fills")) << c.text("list");
+        if (*c.text("line")) {
+            EXPECT_EQ(color(1), c.text("line")) << c.text("list");
         }
-        if (*c.fill) {
-            EXPECT_EQ(color(3), c.fill) << c.list;
+        if (*c.text("fill")) {
+            EXPECT_EQ(color(3), c.text("fill")) << c.text("list");
         }
     }
     Orv::resrc.set("color_fmap", "#0000ff");
@@ -173,24 +147,13 @@ TEST_F(MapPlotTest, OtherKindsOfItemsDraw) {
 
 TEST_F(MapPlotTest, SegmentsOutsideTheDomainAreLeftOut) {
     const char* europe = "ll:0:0,50,10,31,21,1,1";
-    const struct {
-        const char* what;
-        const char* header;
-        int lines; // of the segment 45,0 50,20, whatever its header says
-    } cases[] = {
-        {"no box", "2 0 0 0 0 1", 1},
-        {"its box", "2 50 45 20 0 1", 1},
-        {"a box in the west", "2 60 30 -20 -40 1", 0},
-        {"a box in the south", "2 20 -20 30 -10 1", 0},
-        {"a box all around", "2 80 -80 170 -170 1", 1},
-    };
-    for (const auto& c : cases) {
-        write("a.map", std::string(c.header) + "\n45 0 50 20\n");
+    for (const Row& c : readTable("map/segments_outside_the_domain_are_left_out.txt")) {
+        write("a.map", std::string(c.text("header")) + "\n45 0 50 20\n");
         draw("a.map", europe);
-        EXPECT_EQ(device->count("line 1"), c.lines) << c.what;
+        EXPECT_EQ(device->count("line 1"), c.integer("lines")) << c.text("what");
         MapPlot map("map_in");
         draw(map, "a.map", europe);
-        EXPECT_EQ(device->count("line 1"), 1) << c.what;
+        EXPECT_EQ(device->count("line 1"), 1) << c.text("what");
     }
     // All four corners of a box around the pole are the same two places on the map.
     write("a.map", "3 -70 -90 180 -180 1\n-75 -90 -75 0 -75 90\n");

@@ -1,5 +1,6 @@
 #include "ORV/PlotAttr.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 using namespace ORV;
@@ -28,36 +29,8 @@ std::string fields(const PlotAttr& a) {
 } // namespace
 
 TEST(AttributeText, SetsWhatItNames) {
-    const struct {
-        const char* text;
-        const char* fields;
-    } cases[] = {
-        {"", ""},
-        {"red", "red"},
-        {"red:wi=2:st=dsh", "red width=2 style=2"},
-        {"red,wi=2,st=dsh", "red width=2 style=2"},
-        {"co=blue:wi=2", "blue width=2"},
-        {"CO=Blue:WI=.5:ST=LLSDSH", "Blue width=0.5 style=4"},
-        {"wi=2:red", " width=2"}, // a color without "=" comes first, or not at all
-        {"a:la=Snow:sh=3:fo=bold:we=2:hi=1.5:te=0.8", "a height=1.5 weight=2 expan=0.8 shadow=3 "
-                                                      "font=bold label=Snow"},
-        {"a:fi=hat", "a fill=9"},
-        {"a:fp=5%", "a fill=15"},
-        {"a:sc=3", "a height=3"},
-        {"a:w3:s4:h2:e.5:f7", "a width=3 height=2 expan=0.5 style=4 fill=7"},
-        {"a:tf=bold.fnt", "a font=bold.fnt"},
-        {"a:t=x", "a"},
-        {"a:st=7:st=no", "a"}, // the last one counts, and is no number
-        {"h=2", ""},           // the short form reads "=2"
-        {"a:f5:fM", "a"},
-        {"a:qq=5:zz::", "a"},
-        {"a:wi=x1", "a"},
-        {"a:wi=1e99", "a width=3.40282e+38"},
-        {"01234567890123456789012", "0123456789012345678"},
-        {":wi=2", " width=2"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(fields(PlotAttr(c.text)), c.fields) << c.text;
+    for (const Row& c : readTable("plot/sets_what_it_names.txt"))
+        EXPECT_EQ(fields(PlotAttr(c.text("text"))), c.text("fields")) << c.text("text");
 }
 
 TEST(AttributeWords, NameFillsAndMarks) {

@@ -1,6 +1,6 @@
 #include "LogoText.h"
 #include "PlotFixture.h"
-
+#include "Table.h"
 using namespace ORV;
 
 namespace {
@@ -27,24 +27,10 @@ TEST_F(PlotLabelTest, EscapesNameDateHoursAndSource) {
     plot.date.set(2007, 1, 12, 18, 5, 0);
     plot.setDataSource("sao");
     plot.fore_hour = 12;
-    const struct {
-        const char* label;
-        const char* text;
-    } rows[] = {
-        {"plain_text", "plain text"},
-        {"%d_%b_%y %h:%n", "12 JAN 07 18:05"},
-        {"%a %m %Y", "FRI 01 2007"},
-        {"%D", "18:05:00Z 12 JAN 07"},
-        {"%F|%f|%S", "12 hour|12|sao"},
-        {"%V", "sao 12 hour valid 0605Z SAT 13 JAN 07"},
-        {"100%%", "100%"},
-        {"%q %_%", "%q % %"},
-        {"", ""},
-    };
-    for (const auto& row : rows) {
+    for (const Row& row : readTable("plot/escapes_name_date_hours_and_source.txt")) {
         char out[100];
-        plot.formatLabel(row.label, out, sizeof out);
-        EXPECT_STREQ(out, row.text) << row.label;
+        plot.formatLabel(row.text("label"), out, sizeof out);
+        EXPECT_STREQ(out, row.text("text")) << row.text("label");
     }
     char narrow[5] = "xxxx";
     plot.formatLabel("%d %b %y", narrow, sizeof narrow);

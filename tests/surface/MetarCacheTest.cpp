@@ -3,6 +3,7 @@
 #include "ORV/MetarRemarks.h"
 #include "ORV/MetarReport.h"
 
+#include "Table.h"
 #include "frame/FrameFixture.h"
 #include <gtest/gtest.h>
 #include <zlib.h>
@@ -144,49 +145,22 @@ TEST_F(MetarCacheTest, CutAndForeignInputIsNamed) {
 }
 
 TEST_F(MetarCacheTest, SkyComesFromTheText) {
-    const struct {
-        const char *raw, *columns, *sky;
-    } cases[] = {
-        {"KDCA 271755Z 27012KT 10SM FEW250 22/18 A3012", "FEW,25000,,", "F25000"},
-        {"EHKD 271755Z 23014KT BR FEW004 BKN025 10/10 Q1006 GRN SCT005", "FEW,400,BKN,2500",
-         "F400 B2500"},
-        {"CYKY 271755Z 15SM FEW060 FEW070 FEW110 SCT210 SCT240 M01/M05 A2988", "FEW,6000,FEW,7000",
-         "F6000 F7000 F11000 S21000 S24000"},
-        {"ESUD 271755Z AUTO 13003KT 9000 OVC004/// M08/M09 Q0992", ",,,", "O400"},
-        {"ENFG 271755Z 0300 FZFG NSC M12/M13 Q0987", ",,,", "C-"},
-        {"OPST 271755Z 0600 FG VV/// 08/08 Q1022", "OVX,0,,", "X-"},
-        {"SGES 271755Z SCT030 FEW040TCUBKN070CB 27/25 Q1009", ",,,", "S3000 F4000 B7000"},
-        {"KQER 271755Z / /CLR M07/M21 A3044", "CLR,,,", "C-"},
-        {"", "CAVOK,,,", "C-"},
-        {"", "OVX,0,SCT,900", "X600 S900"},
-        {"EHWO 271755Z NOSIG TEMPO OVC005 10/10", ",,,", ""},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(getSky(decodeRow("sky_cover,cloud_base_ft_agl,sky_cover,cloud_base_ft_agl,"
-                                   "vert_vis_ft,temp_c",
-                                   std::string(c.raw) + "," + c.columns + ",600,10")),
-                  c.sky)
-            << c.raw;
+    for (const Row& c : readTable("surface/sky_comes_from_the_text.txt"))
+        EXPECT_EQ(
+            getSky(decodeRow("sky_cover,cloud_base_ft_agl,sky_cover,cloud_base_ft_agl,"
+                             "vert_vis_ft,temp_c",
+                             std::string(c.text("raw")) + "," + c.text("columns") + ",600,10")),
+            c.text("sky"))
+            << c.text("raw");
 }
 
 TEST_F(MetarCacheTest, WeatherComesFromTheTextToo) {
-    const struct {
-        const char *raw, *column, *weather;
-    } cases[] = {
-        {"KWLD 271755Z 5SM UP BR BKN006 00/M01 A3015 RMK RAB22", "BR UP", "!UP_BR"},
-        {"LESO 271755Z 3000 -RADZ BR SCT005 11/11 Q1030", "-RA -DZ BR", "!-RADZ_BR"},
-        {"MYNN 271755Z 9999 SCT025 23/18 A3011 PKWND 12KTS", "TS", ""},
-        {"VGHS 271755Z 1800HZ NSC 20/13 Q1016", "HZ", "!HZ"},
-        {"LIPO 271755Z 0150 VCFZFG +TSRAGR BLSN DZ 02/02 Q1018", "", "!VCFZFG_+TSRAGR_BLSN"},
-        {"UUWW 271755Z RA 04/04 Q1013 TEMPO TSRA", "RA TSRA", "!RA"},
-        {"", "-SN BR", "!-SN_BR"},
-        {"", "null", ""},
-    };
-    for (const auto& c : cases)
-        EXPECT_STREQ(
-            decodeRow("wx_string,temp_c", std::string(c.raw) + "," + c.column + ",1").weather,
-            c.weather)
-            << c.raw;
+    for (const Row& c : readTable("surface/weather_comes_from_the_text_too.txt"))
+        EXPECT_STREQ(decodeRow("wx_string,temp_c",
+                               std::string(c.text("raw")) + "," + c.text("column") + ",1")
+                         .weather,
+                     c.text("weather"))
+            << c.text("raw");
 }
 
 TEST_F(MetarCacheTest, ValuesThatAreMarksOrFloorsOrMisread) {
@@ -326,21 +300,13 @@ TEST(MetarRemarks, LooksNowhereElse) {
 TEST(MetarRemarks, HourAndAltimeterCompleteThem) {
     MetarRemarks r;
     r.decode("KDCA RMK AO2 SLP552 60010");
-    const struct {
-        int hour;
-        float alt, prec3, prec6, slp;
-    } cases[] = {
-        {18, miss, miss, 2.54f, 955.2f},
-        {15, 31.15f, 2.54f, miss, 1055.2f},
-        {14, 28.20f, miss, miss, 955.2f},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("surface/hour_and_altimeter_complete_them.txt")) {
         SfcData data;
-        data.date = Date(2025, 1, 27, c.hour - 1, 55, 0);
-        data.alt = c.alt;
+        data.date = Date(2025, 1, 27, c.integer("hour") - 1, 55, 0);
+        data.alt = c.number("alt");
         r.apply(data);
-        EXPECT_FLOAT_EQ(data.prec3, c.prec3) << c.hour;
-        EXPECT_FLOAT_EQ(data.prec6, c.prec6) << c.hour;
-        EXPECT_FLOAT_EQ(data.slp, c.slp) << c.hour;
+        EXPECT_FLOAT_EQ(data.prec3, c.number("prec3")) << c.integer("hour");
+        EXPECT_FLOAT_EQ(data.prec6, c.number("prec6")) << c.integer("hour");
+        EXPECT_FLOAT_EQ(data.slp, c.number("slp")) << c.integer("hour");
     }
 }

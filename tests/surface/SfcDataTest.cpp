@@ -1,5 +1,6 @@
 #include "ORV/SfcData.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <string>
@@ -34,28 +35,11 @@ TEST(SfcData, BelongsToTheNextHourFromMinuteFifty) {
 }
 
 TEST(SfcData, CeilingAndSummaryCover) {
-    const struct {
-        const char* covers;
-        float ceiling; // bases stand at 1000, 2000, ... feet
-        char summary;
-        const char* what;
-    } cases[] = {
-        {"", miss, ' ', "no layers"},
-        {"x", 1000, 'x', "one layer, whatever its cover"},
-        {"FSBO", 3000, 'O', "the first broken base"},
-        {"FS", 2000, 'S', "without a ceiling the highest base"},
-        {"FC", miss, 'C', "a clear layer starts afresh"},
-        {"BFB", 3000, 'B', "few above a ceiling lowers the rank again"},
-        {"BO", 1000, 'O', "overcast above broken"},
-        {"OX", 2000, 'X', "obscured outranks"},
-        {"XB", 1000, 'B', "and stays"},
-        {"1378", 3000, 'O', "figures"},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("surface/ceiling_and_summary_cover.txt")) {
         SfcData data;
-        setClouds(data, c.covers, 1000);
-        EXPECT_EQ(data.getCldHeight(), c.ceiling) << c.what;
-        EXPECT_EQ(data.getCldCover(), c.summary) << c.what;
+        setClouds(data, c.text("covers"), 1000);
+        EXPECT_EQ(data.getCldHeight(), c.number("ceiling")) << c.text("what");
+        EXPECT_EQ(data.getCldCover(), c.letter("summary")) << c.text("what");
     }
 }
 

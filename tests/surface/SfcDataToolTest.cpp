@@ -6,6 +6,7 @@
 #include "ORV/SfcData.h"
 #include "ORV/VarSpec.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 using namespace ORV;
@@ -60,57 +61,14 @@ TEST_F(SfcDataToolTest, EveryQuantityOfAReport) {
     report.setCldType(2, 'h');
     report.snow_cov = 12;
     report.wav_hgt = 3;
-    const struct {
-        const char* text;
-        float value;
-        double tolerance;
-        const char* data;
-    } rows[] = {{"id", missing, 0, "KDCA"},
-                {"CITY", missing, 0, "KDCA"},
-                {"time", missing, 0, "1255"},
-                {"temp", 20, 0, ""},
-                {"Temp", 20, 0, ""},
-                {"dewd", 10, 0, ""},
-                {"wgst", 31, 0, ""},
-                {"uwnd", 10.288F, 1e-4, ""},
-                {"vwnd", 0, 1e-4, ""},
-                {"alt", 29.92F, 0, "992"},
-                {"pralt", 1013.2F, 0, "132"},
-                {"pres", 1013.2F, 0, "132"},
-                {"sfc:pres", 1000.96F, 0.05, ""},
-                {"lcl:pres", 867, 5, ""},
-                {"elev", 100, 0, ""},
-                {"txtwx", missing, 0, "light rain"},
-                {"wx", 0, 0, "-RA"},
-                {"sawx", 0, 0, "R-"},
-                {"vis", 2.5F, 0, "2.5"},
-                {"cldcl", 80, 0, "80"},
-                {"cldclc", 8, 0, ""},
-                {"cldcv", 67, 0, "BKN"},
-                {"ptend", -1.5F, 0, "7"},
-                {"nlcld", 0.5F, 0, "4"},
-                {"lcld", missing, 0, ""},
-                {"mcld", missing, 0, "m"},
-                {"hcld", missing, 0, "h"},
-                {"snwdp", 12, 0, ""},
-                {"wavhgt", 3, 0, ""},
-                {"vpres", 12.27F, 0.02, ""},
-                {"svpres", 23.37F, 0.03, ""},
-                {"rhum", 52.5F, 0.1, ""},
-                {"mrat", 7.72F, 0.02, ""},
-                {"smrat", 14.87F, 0.03, ""},
-                {"shum", 7.625F, 0.02, ""},
-                {"theta", 293.07F, 0.02, ""},
-                {"wchilt", 287.13F, 0.02, ""},
-                {"fr", 2, 0, "IFR"}};
     // Vapour pressures of 20 and 10 C: 23.37 and 12.27 mb (Smithsonian Meteorological Tables).
     // Station pressure of 29.92 in at 100 m: 1000.96 mb.
-    for (const auto& row : rows) {
-        compute(row.text);
-        EXPECT_EQ(result, 1) << row.text;
-        EXPECT_NEAR(datum.value[0], row.value, row.tolerance) << row.text;
-        EXPECT_STREQ(datum.data, row.data) << row.text;
-        EXPECT_STREQ(datum.id, "KDCA") << row.text;
+    for (const Row& row : readTable("surface/every_quantity_of_a_report.txt")) {
+        compute(row.text("text"));
+        EXPECT_EQ(result, 1) << row.text("text");
+        EXPECT_NEAR(datum.value[0], row.number("value"), row.real("tolerance")) << row.text("text");
+        EXPECT_STREQ(datum.data, row.text("data")) << row.text("text");
+        EXPECT_STREQ(datum.id, "KDCA") << row.text("text");
     }
     compute("wbrbc");
     EXPECT_EQ(datum.value[0], 270);
@@ -192,28 +150,12 @@ TEST_F(SfcDataToolTest, ShortNumbersOfAStationModel) {
 }
 
 TEST_F(SfcDataToolTest, WeatherInItsThreeNotations) {
-    const struct {
-        const char* weather;
-        float wx;
-        const char* metar;
-        float sawx;
-        const char* older;
-    } rows[] = {{"!-RA", 0, "-RA", 0, "R-"},
-                {"!HZ", 1, "HZ", 1, "H"},
-                {"", 1, "", 1, ""},
-                {"RW-", 0, "-SHRA", 0, "RW-"},
-                {"63", 0, "RA", 0, "RA"},
-                {"3", 1, " ", 1, " "},
-                {"99999999999999999999", 1, " ", 1, " "},
-                {"!FZFG", 0, "FZFG", 1, "F"},
-                {"H", 1, "HZ", 1, "H"},
-                {"!BLSN", 1, "BLSN", 1, "BS"}};
-    for (const auto& row : rows) {
-        report.setWeather(row.weather);
-        EXPECT_EQ(compute("wx").value[0], row.wx) << row.weather;
-        EXPECT_STREQ(datum.data, row.metar) << row.weather;
-        EXPECT_EQ(compute("sawx").value[0], row.sawx) << row.weather;
-        EXPECT_STREQ(datum.data, row.older) << row.weather;
+    for (const Row& row : readTable("surface/weather_in_its_three_notations.txt")) {
+        report.setWeather(row.text("weather"));
+        EXPECT_EQ(compute("wx").value[0], row.number("wx")) << row.text("weather");
+        EXPECT_STREQ(datum.data, row.text("metar")) << row.text("weather");
+        EXPECT_EQ(compute("sawx").value[0], row.number("sawx")) << row.text("weather");
+        EXPECT_STREQ(datum.data, row.text("older")) << row.text("weather");
     }
     for (const char* weather : {"!+SN", "S+", "75"}) {
         report.setWeather(weather);
@@ -222,20 +164,13 @@ TEST_F(SfcDataToolTest, WeatherInItsThreeNotations) {
 }
 
 TEST_F(SfcDataToolTest, FlightCategoryIsTheWorseOfCeilingAndVisibility) {
-    const struct {
-        char cover;
-        float height;
-        float vis;
-        const char* category;
-    } rows[] = {{'B', 800, 10, "IFR"},      {'B', 499, 10, "LIFR"},  {'B', 500, 10, "IFR"},
-                {'O', 3000, 10, "MVFR"},    {'O', 3001, 10, "VFR"},  {'O', 9000, 0.75F, "LIFR"},
-                {'O', 9000, 3, "MVFR"},     {'O', 9000, 5, "MVFR"},  {'F', 300, 10, "VFR"},
-                {'X', 100, missing, "VFR"}, {'B', missing, 2, "IFR"}};
-    for (const auto& row : rows) {
+    for (const Row& row :
+         readTable("surface/flight_category_is_the_worse_of_ceiling_and_visibility.txt")) {
         report.num_cld = 0;
-        setLayer(row.cover, row.height);
-        report.vis = row.vis;
-        EXPECT_STREQ(compute("fr").data, row.category) << row.cover << row.height << " " << row.vis;
+        setLayer(row.letter("cover"), row.number("height"));
+        report.vis = row.number("vis");
+        EXPECT_STREQ(compute("fr").data, row.text("category"))
+            << row.letter("cover") << row.number("height") << " " << row.number("vis");
     }
 }
 
@@ -246,20 +181,8 @@ TEST_F(SfcDataToolTest, PeriodsChooseTheField) {
     report.max6_t = 26;
     report.min_t = -24;
     report.min6_t = -6;
-    const struct {
-        const char* text;
-        float value;
-    } rows[] = {{"anal-24acc:sfc:prec", 24},
-                {"anal-12acc:sfc:prec", missing},
-                {"anal-6acc:sfc:prec", 6},
-                {"anal-3acc:sfc:prec", 3},
-                {"prec", 24},
-                {"maxt", 26},
-                {"mint", -24},
-                {"maxt24", missing},
-                {"mint6", -6}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(compute(row.text).value[0], row.value) << row.text;
+    for (const Row& row : readTable("surface/periods_choose_the_field.txt")) {
+        EXPECT_EQ(compute(row.text("text")).value[0], row.number("value")) << row.text("text");
     }
     report.prec24 = report.prec6 = missing;
     EXPECT_EQ(compute("prec").value[0], missing) << "three hours are too few to stand for a day";

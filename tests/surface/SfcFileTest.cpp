@@ -2,6 +2,7 @@
 
 #include "ORV/SfcOrvFile.h"
 
+#include "Table.h"
 #include "frame/FrameFixture.h"
 #include <gtest/gtest.h>
 
@@ -137,20 +138,12 @@ TEST_F(SfcFileTest, FullReportComesBack) {
 }
 
 TEST_F(SfcFileTest, WindForms) {
-    const struct {
-        const char* text;
-        float dir, spd;
-    } reads[] = {
-        {"2712", 270, 12},     {"270105", 270, 105}, {"-999", miss, miss},
-        {"-7299", miss, miss}, {"0000", 0, 0},       {"000105", 10, 5},
-        {"5105", 5, 105},      {"wind", miss, miss}, {"4999", 490, 99},
-    };
-    for (const auto& c : reads) {
+    for (const Row& c : readTable("surface/wind_forms.txt")) {
         const SfcData data =
-            readLine(std::string("KDCA 730 649 ") + c.text + " 12 201 10 -99M - $");
-        EXPECT_EQ(data.dir, c.dir) << c.text;
-        EXPECT_EQ(data.spd, c.spd) << c.text;
-        EXPECT_NEAR(data.slp, 1020.1, 0.01) << c.text;
+            readLine(std::string("KDCA 730 649 ") + c.text("text") + " 12 201 10 -99M - $");
+        EXPECT_EQ(data.dir, c.number("dir")) << c.text("text");
+        EXPECT_EQ(data.spd, c.number("spd")) << c.text("text");
+        EXPECT_NEAR(data.slp, 1020.1, 0.01) << c.text("text");
     }
     const struct {
         float dir, spd;
@@ -173,22 +166,11 @@ TEST_F(SfcFileTest, WindForms) {
 }
 
 TEST_F(SfcFileTest, PressuresFindTheirLeadingDigits) {
-    const struct {
-        const char *temp, *alt, *slp;
-        float inches, mb;
-    } cases[] = {
-        {"730", "12", "201", 30.12f, 1020.1f},   {"730", "992", "-99", 29.92f, miss},
-        {"730", "2992", "132", 29.92f, 1013.2f}, {"730", "500", "10132", 35, 1013.2f},
-        {"730", "950", "998", 29.5f, 999.8f},    {"730", "3080", "998", 30.8f, 1099.8f},
-        {"730", "2800", "132", 28, 913.2f},      {"-99", "-99", "998", miss, 999.8f},
-        {"-40", "-99", "550", miss, 1055.0f},    {"300", "-99", "550", miss, 955.0f},
-        {"730", "12", "9400", 30.12f, 940},      {"730", "12", "10632", 30.12f, 1063.2f},
-    };
-    for (const auto& c : cases) {
-        const SfcData data = readLine(std::string("KDCA ") + c.temp + " 1 2712 " + c.alt + " " +
-                                      c.slp + " 10 -99M - $");
-        EXPECT_FLOAT_EQ(data.alt, c.inches) << c.alt;
-        EXPECT_FLOAT_EQ(data.slp, c.mb) << c.slp;
+    for (const Row& c : readTable("surface/pressures_find_their_leading_digits.txt")) {
+        const SfcData data = readLine(std::string("KDCA ") + c.text("temp") + " 1 2712 " +
+                                      c.text("alt") + " " + c.text("slp") + " 10 -99M - $");
+        EXPECT_FLOAT_EQ(data.alt, c.number("inches")) << c.text("alt");
+        EXPECT_FLOAT_EQ(data.slp, c.number("mb")) << c.text("slp");
     }
     // In hard frost without an altimeter setting the last digits alone would read as 1098.1.
     const struct {
@@ -208,24 +190,14 @@ TEST_F(SfcFileTest, PressuresFindTheirLeadingDigits) {
 }
 
 TEST_F(SfcFileTest, CloudTokens) {
-    const struct {
-        const char* text;
-        int num;
-        const char* covers;
-        float heights[2];
-    } cases[] = {
-        {"-99M", 0, "  ", {miss, miss}},     {"30:4,120:8", 2, "48", {3000, 12000}},
-        {"0x,5S", 2, "xS", {0, 500}},        {"-99X", 1, "X ", {miss, miss}},
-        {"30S,-99M", 2, "S ", {3000, miss}}, {"30S,", 2, "S ", {3000, miss}},
-        {"?,5S", 0, " S", {miss, 500}},      {"1F,2F,3F,4F,5F,6F,7F", 5, "FF", {100, 200}}};
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("surface/cloud_tokens.txt")) {
         const SfcData data =
-            readLine(std::string("KDCA 730 649 2712 12 201 10 ") + c.text + " !HZ @1155 $");
-        EXPECT_EQ(data.num_cld, c.num) << c.text;
-        EXPECT_STREQ(data.weather, "!HZ") << c.text;
+            readLine(std::string("KDCA 730 649 2712 12 201 10 ") + c.text("text") + " !HZ @1155 $");
+        EXPECT_EQ(data.num_cld, c.integer("num")) << c.text("text");
+        EXPECT_STREQ(data.weather, "!HZ") << c.text("text");
         for (int i = 0; i < 2; i++) {
-            EXPECT_EQ(data.cloud[i].cover, c.covers[i]) << c.text;
-            EXPECT_EQ(data.cloud[i].height, c.heights[i]) << c.text;
+            EXPECT_EQ(data.cloud[i].cover, c.text("covers")[i]) << c.text("text");
+            EXPECT_EQ(data.cloud[i].height, c.numbers("heights")[i]) << c.text("text");
         }
     }
     SfcData data = makeReport();
@@ -235,25 +207,15 @@ TEST_F(SfcFileTest, CloudTokens) {
 }
 
 TEST_F(SfcFileTest, ReportTimeLiesAroundTheHourOfTheFile) {
-    const struct {
-        const char *file, *group;
-        int day, hour, min;
-    } cases[] = {
-        {"00Z 28 JAN 25", "@2355", 27, 23, 55},
-        {"23Z 27 JAN 25", "@0005", 28, 0, 5},
-        {"12Z 27 JAN 25", "@1155", 27, 11, 55},
-        {"12Z 27 JAN 25", "@9999", 27, 12, Const::MISS},
-        {"12Z 27 JAN 25", "@x", 27, 12, Const::MISS},
-    };
-    for (const auto& c : cases) {
-        writeFile("a.cvt",
-                  std::string("ORVSFC\n") + c.file + "\nKDCA 1 1 1 1 1 1 1 - " + c.group + " $\n");
+    for (const Row& c : readTable("surface/report_time_lies_around_the_hour_of_the_file.txt")) {
+        writeFile("a.cvt", std::string("ORVSFC\n") + c.text("file") + "\nKDCA 1 1 1 1 1 1 1 - " +
+                               c.text("group") + " $\n");
         SfcFile file("a.cvt");
         SfcData data;
         ASSERT_EQ(file.read(data), 1);
-        EXPECT_EQ(data.date.day, c.day) << c.group;
-        EXPECT_EQ(data.date.hour, c.hour) << c.group;
-        EXPECT_EQ(data.date.min, c.min) << c.group;
+        EXPECT_EQ(data.date.day, c.integer("day")) << c.text("group");
+        EXPECT_EQ(data.date.hour, c.integer("hour")) << c.text("group");
+        EXPECT_EQ(data.date.min, c.integer("min")) << c.text("group");
     }
 }
 

@@ -6,6 +6,7 @@
 #include "ORV/SfcData.h"
 #include "ORV/SfcFile.h"
 
+#include "Table.h"
 #include "frame/FrameFixture.h"
 #include <gtest/gtest.h>
 
@@ -108,25 +109,15 @@ protected:
 };
 
 TEST_F(SfcRawTest, StationsByPriority) {
-    const struct {
-        const char* params;
-        const char* ids;
-    } rows[] = {{"", "KAAA 72001"},
-                {"pr=+1", "KAAA 72001 KBBB SHIP"},
-                {"pr=5", "KAAA 72001 KBBB SHIP"},
-                {"loc_pr=3", "KAAA 72001 SHIP"},
-                {"syn_id", "KAAA KAAA"},
-                {"cf=none.such", ""},
-                {"cf=none.such,loc_pr=0,value,pl=cf", "SHIP"}};
-    for (const auto& row : rows) {
+    for (const Row& row : readTable("surface/stations_by_priority.txt")) {
         SfcRaw sfc;
         sfc.setDomain(domain);
         sfc.setVariable("temp");
-        sfc.setParam(row.params);
+        sfc.setParam(row.text("params"));
         sfc.setFilename(writeHour());
         Raw raw;
-        EXPECT_EQ(sfc.compute(raw), 1) << row.params;
-        EXPECT_EQ(ids(raw), row.ids) << row.params;
+        EXPECT_EQ(sfc.compute(raw), 1) << row.text("params");
+        EXPECT_EQ(ids(raw), row.text("ids")) << row.text("params");
     }
 }
 

@@ -1,5 +1,6 @@
 #include "ORV/WxTool.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -90,17 +91,11 @@ TEST(WxTool, GroupsReadAsEnglish) {
 }
 
 TEST(WxTool, WmoNumbersOfBothTables) {
-    const struct {
-        int code;
-        const char *present, *automatic;
-    } cases[] = {
-        {3, " ", " "},      {100, " ", " "},    {-1, " ", " "},        {15, " ", " "},
-        {61, "-RA", "-RA"}, {63, "RA", "+RA"},  {68, "-RASN", "RASN"}, {45, "FG", "-SN"},
-        {79, "PL", " "},    {99, "+TSGR", " "}, {94, " ", "TS"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_STREQ(WxTool::getWmoWeather(c.code), c.present) << c.code;
-        EXPECT_STREQ(WxTool::getWmoAutoWeather(c.code), c.automatic) << c.code;
+    for (const Row& c : readTable("surface/wmo_numbers_of_both_tables.txt")) {
+        EXPECT_STREQ(WxTool::getWmoWeather(c.integer("code")), c.text("present"))
+            << c.integer("code");
+        EXPECT_STREQ(WxTool::getWmoAutoWeather(c.integer("code")), c.text("automatic"))
+            << c.integer("code");
     }
     const struct {
         const char* text;

@@ -1,5 +1,6 @@
 #include "ORV/Date.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -25,23 +26,15 @@ std::string write(const char* format, const Date& date) {
 
 // Seconds by Python's calendar.timegm, day of the year and of the week by its datetime.
 TEST(Date, FieldsAndSecondsAgree) {
-    const struct {
-        int year, month, day, hour, min, sec;
-        long secs;
-        int jday, wday;
-    } cases[] = {
-        {1972, 2, 29, 12, 0, 0, 68212800, 60, 2},    {1999, 12, 31, 23, 59, 59, 946684799, 365, 5},
-        {2000, 3, 1, 0, 0, 0, 951868800, 61, 3},     {2007, 1, 12, 18, 30, 15, 1168626615, 12, 5},
-        {2008, 12, 31, 6, 0, 0, 1230703200, 366, 3}, {1966, 7, 4, 1, 2, 3, -110329077, 185, 1},
-    };
-    for (const auto& c : cases) {
-        const Date fields(c.year, c.month, c.day, c.hour, c.min, float(c.sec));
-        EXPECT_EQ(fields.secs, c.secs) << c.year;
-        EXPECT_EQ(fields.jday, c.jday) << c.year;
-        EXPECT_EQ(fields.wday, c.wday) << c.year;
-        const Date secs(c.secs);
-        EXPECT_EQ(write("%Y%m%d%H%M%S", secs), write("%Y%m%d%H%M%S", fields)) << c.year;
-        EXPECT_EQ(secs.jday, c.jday) << c.year;
+    for (const Row& c : readTable("time/fields_and_seconds_agree.txt")) {
+        const Date fields(c.integer("year"), c.integer("month"), c.integer("day"),
+                          c.integer("hour"), c.integer("min"), float(c.integer("sec")));
+        EXPECT_EQ(fields.secs, c.real("secs")) << c.integer("year");
+        EXPECT_EQ(fields.jday, c.integer("jday")) << c.integer("year");
+        EXPECT_EQ(fields.wday, c.integer("wday")) << c.integer("year");
+        const Date secs(c.real("secs"));
+        EXPECT_EQ(write("%Y%m%d%H%M%S", secs), write("%Y%m%d%H%M%S", fields)) << c.integer("year");
+        EXPECT_EQ(secs.jday, c.integer("jday")) << c.integer("year");
     }
 }
 
@@ -70,22 +63,8 @@ TEST(Date, BadFieldsAreRepaired) {
 }
 
 TEST(Date, ReadsTexts) {
-    const struct {
-        const char* text;
-        const char* written;
-    } cases[] = {
-        {"20070112", "12 JAN 2007"},
-        {"200701", "XX JAN 2007"},
-        {"#200701121800", "18:00Z 12 JAN 2007"},
-        {"20070112183015", "18:30:15Z 12 JAN 2007"},
-        {"2007-01-12T18:00:00", "18:00:00Z 12 JAN 2007"},
-        {"20070112_1830", "18:30Z 12 JAN 2007"},
-        {"20070112-6", "12 JAN 2007"},
-        {"noon", "XX XXX XXXX"},
-        {"", "XX XXX XXXX"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(write(Date(c.text)), c.written) << c.text;
+    for (const Row& c : readTable("time/reads_texts.txt"))
+        EXPECT_EQ(write(Date(c.text("text"))), c.text("written")) << c.text("text");
     EXPECT_GT(Date("current").secs, 1700000000);
 }
 
@@ -117,18 +96,10 @@ TEST(Date, AddingKeepsWhatIsMissing) {
 }
 
 TEST(Date, HoursGoToTheNearestDay) {
-    const struct {
-        int at, hour;
-        const char* date;
-    } cases[] = {
-        {1, 23, "23Z 11 JAN 2007"}, {23, 1, "01Z 13 JAN 2007"}, {6, 12, "12Z 12 JAN 2007"},
-        {0, 12, "12Z 12 JAN 2007"}, {0, 13, "13Z 11 JAN 2007"}, {12, 0, "00Z 12 JAN 2007"},
-        {13, 0, "00Z 13 JAN 2007"},
-    };
-    for (const auto& c : cases) {
-        Date date(2007, 1, 12, c.at, miss, miss);
-        EXPECT_EQ(date.adjustHour(c.hour), 1);
-        EXPECT_EQ(write(date), c.date) << c.at << " to " << c.hour;
+    for (const Row& c : readTable("time/hours_go_to_the_nearest_day.txt")) {
+        Date date(2007, 1, 12, c.integer("at"), miss, miss);
+        EXPECT_EQ(date.adjustHour(c.integer("hour")), 1);
+        EXPECT_EQ(write(date), c.text("date")) << c.integer("at") << " to " << c.integer("hour");
     }
 }
 

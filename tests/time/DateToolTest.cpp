@@ -1,5 +1,6 @@
 #include "ORV/DateTool.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <string>
@@ -25,26 +26,11 @@ std::string read(const char* text) {
 } // namespace
 
 TEST(DateTool, LabelsOfAZone) {
-    const struct {
-        int hour, min;
-        float sec;
-        const char* zone;
-        const char* text;
-    } cases[] = {
-        {18, miss, miss, "EST:-5", "13EST 12 JAN 07"},
-        {18, 30, miss, "EST:-5", "1330 EST 12 JAN 07"},
-        {18, miss, miss, "+EST:-5", "1 PM EST 12 JAN 07"},
-        {5, miss, miss, "+EST:-5", "12 AM EST 12 JAN 07"},
-        {17, 5, miss, "+EST:-5", "12:05 PM EST 12 JAN 07"},
-        {3, 5, 7, "+EST:-5", "10:05:07 PM EST 11 JAN 07"},
-        {18, miss, miss, "-EST:-5", "1 PM EST [18Z] 12 JAN 07"},
-        {18, 30, 15, "-EST:-5", "1:30:15 PM EST [183015Z] 12 JAN 07"},
-        {18, miss, miss, "IST:5.5", "23IST 12 JAN 07"},
-        {18, 40, miss, "ACST:9.5", "0410 ACST 13 JAN 07"},
-        {18, miss, miss, "EST", "18Z 12 JAN 07"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(label(Date(2007, 1, 12, c.hour, c.min, c.sec), c.zone), c.text) << c.zone;
+    for (const Row& c : readTable("time/labels_of_a_zone.txt"))
+        EXPECT_EQ(label(Date(2007, 1, 12, c.integer("hour"), c.integer("min"), c.number("sec")),
+                        c.text("zone")),
+                  c.text("text"))
+            << c.text("zone");
 }
 
 TEST(DateTool, ZoneTexts) {

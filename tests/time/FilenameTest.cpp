@@ -2,6 +2,7 @@
 
 #include "ORV/Orv.h"
 
+#include "Table.h"
 #include "TempDir.h"
 #include <gtest/gtest.h>
 
@@ -95,29 +96,15 @@ TEST_F(FilenameCase, SeveralFilesAreFrames) {
 }
 
 TEST_F(FilenameCase, FramesCountFromTheBaseDate) {
-    const struct {
-        const char* text;
-        int count, last;
-        const char* first_name;
-        const char* last_name;
-    } cases[] = {
-        {"6", 7, 6, "2007011216.dat", "2007011222.dat"},
-        {"-6", 7, 6, "2007011210.dat", "2007011216.dat"},
-        {"-6,3", 3, 2, "2007011210.dat", "2007011216.dat"},
-        {":90,:30", 4, 3, "2007011216.dat", "2007011217.dat"},
-        {"2-1", 4, 3, "2007011217.dat", "2007011220.dat"},
-        {"2-0:30,0", 3, 2, "2007011216.dat", "2007011216.dat"},
-        {"0", 1, 0, "2007011216.dat", "2007011216.dat"},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("time/frames_count_from_the_base_date.txt")) {
         files.setFile("la");
-        EXPECT_EQ(files.setNumFiles(c.text), 1);
-        EXPECT_EQ(files.getNumFiles(), c.count) << c.text;
+        EXPECT_EQ(files.setNumFiles(c.text("text")), 1);
+        EXPECT_EQ(files.getNumFiles(), c.integer("count")) << c.text("text");
         EXPECT_EQ(files.setFile(0), 1);
-        EXPECT_EQ(name(), c.first_name) << c.text;
-        EXPECT_EQ(files.setFile(c.last), 1);
-        EXPECT_EQ(name(), c.last_name) << c.text;
-        EXPECT_EQ(files.setFile(c.count), 0) << c.text;
+        EXPECT_EQ(name(), c.text("first_name")) << c.text("text");
+        EXPECT_EQ(files.setFile(c.integer("last")), 1);
+        EXPECT_EQ(name(), c.text("last_name")) << c.text("text");
+        EXPECT_EQ(files.setFile(c.integer("count")), 0) << c.text("text");
     }
     EXPECT_EQ(files.setNumFiles(nullptr), 0);
     files.setNumFiles("99999999999:99999999999");

@@ -2,6 +2,7 @@
 
 #include "ORV/Orv.h"
 
+#include "Table.h"
 #include "TempDir.h"
 #include <gtest/gtest.h>
 
@@ -110,89 +111,36 @@ TEST_F(NameConvCase, KeptConventionsNameFilesInOrderOfTime) {
 
 TEST(NameConv, EncodesEachDirective) {
     const Date date(2007, 1, 12, 17, 20, 30);
-    const struct {
-        const char* pattern;
-        const char* name;
-    } cases[] = {
-        {"%y%m%d%3h", "07011215"},
-        {"%Y-%B-%b %j", "2007-JAN-jan_012"},
-        {"a%%b{c}.%e", "a%bc.cvt"},
-        {"%h%15n", "1715"},
-        {"f%f %3f", "f7_007"},
-        {"%k %3k %z", "north_nor_0"},
-        {"x%", "x"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(encode(c.pattern, date), c.name) << c.pattern;
+    for (const Row& c : readTable("time/encodes_each_directive.txt"))
+        EXPECT_EQ(encode(c.text("pattern"), date), c.text("name")) << c.text("pattern");
     EXPECT_EQ(encode("%Y%y%m%B%b%d%h%n|%j", Date()), "00000000XXXxxx000000|");
 }
 
 TEST(NameConv, DecodesNames) {
-    const struct {
-        const char* pattern;
-        const char* name;
-        const char* date; // "" when it doesn't fit
-    } cases[] = {
-        {"%y%m%d%3h", "07011215", "20070112_15XX"},
-        {"%D/%Y%m%d%h.dat", "2007011215.dat", "20070112_15XX"},
-        {"data/%Y%m%d.dat", "/far/away/20070112.dat", ""},
-        {"%d%b%y.txt", "12jan99.txt", "19990112_XXXX"},
-        {"%Y%j", "2008366", "20081231_XXXX"},
-        {"%Y%j", "2007366", ""},
-        {"%Y%m%d", "2007 112", ""},
-        {"a b.%e", "a_b.cvt", "XXXXXXXX_XXXX"},
-    };
-    for (const auto& c : cases) {
-        NameConv conv((std::string("@") + c.pattern).c_str());
-        const int fits = conv.decode(c.name);
-        EXPECT_EQ(fits, *c.date != 0) << c.name;
+    for (const Row& c : readTable("time/decodes_names.txt")) {
+        NameConv conv((std::string("@") + c.text("pattern")).c_str());
+        const int fits = conv.decode(c.text("name"));
+        EXPECT_EQ(fits, *c.text("date") != 0) << c.text("name");
         if (fits) {
-            EXPECT_EQ(write(conv.date), c.date) << c.name;
+            EXPECT_EQ(write(conv.date), c.text("date")) << c.text("name");
         }
     }
 }
 
 TEST(NameConv, FixedHoursAreNeverInTheFuture) {
-    const struct {
-        const char* fix;
-        const char* base;
-        const char* name;
-    } cases[] = {
-        {"12", "20070112_1030", "2007011112"},   {"12", "20070112_1430", "2007011212"},
-        {"-6", "20070112_1030", "2007011206"},   {"12", "20070101_1030", "2006123112"},
-        {"15", "20070112_1030", "2007011115"},   {"1215", "20070114_1630", "2007011215"},
-        {"2015", "20070114_1630", "2006122015"}, {"#2005120100", "20070114_1630", "2005120100"},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("time/fixed_hours_are_never_in_the_future.txt")) {
         NameConv conv("@%Y%m%d%h");
-        conv.setFixDate(c.fix);
+        conv.setFixDate(c.text("fix"));
         NameConvFile result;
-        conv.setLatest(c.base, result);
-        EXPECT_STREQ(result.filename, c.name) << c.fix << " at " << c.base;
+        conv.setLatest(c.text("base"), result);
+        EXPECT_STREQ(result.filename, c.text("name")) << c.text("fix") << " at " << c.text("base");
     }
 }
 
 TEST_F(NameConvCase, RequestsRelativeToNow) {
     NameConv conv = makeHourly();
-    const struct {
-        const char* text;
-        const char* name;
-    } cases[] = {
-        {"la", "2007011216.dat"},
-        {"", "2007011218.dat"},
-        {"-2", "2007011216.dat"},
-        {"+2", "2007011220.dat"},
-        {"1d2:00", "2007011116.dat"},
-        {"4la", "2007011211.dat"},
-        {"la-:30", "2007011215.dat"},
-        {"#20070112-6", "2007011118.dat"},
-        {"2007-01-12T12:00:00la", "2007011211.dat"},
-        {"2007011205+la", "2007011211.dat"},
-        {"20070112_10+la+2", "2007011213.dat"},
-        {"@any", "any"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(latest(conv, c.text), c.name) << c.text;
+    for (const Row& c : readTable("time/requests_relative_to_now.txt"))
+        EXPECT_EQ(latest(conv, c.text("text")), c.text("name")) << c.text("text");
     EXPECT_EQ(latest(conv, nullptr), "2007011216.dat");
 }
 

@@ -10,14 +10,14 @@ constexpr float none = Const::MISS;
 
 void expectTimes(const char* table, int result) {
     for (const Row& row : readTable(table)) {
-        SCOPED_TRACE(row.text(0));
+        SCOPED_TRACE(row.text("text"));
         ForeTime time;
-        EXPECT_EQ(time.decode(row.text(0)), result);
-        EXPECT_EQ(time.type, row.number(1));
-        EXPECT_FLOAT_EQ(time.tim1, row.number(2));
-        EXPECT_FLOAT_EQ(time.tim2, row.number(3));
-        EXPECT_FLOAT_EQ(time.off, row.number(4));
-        EXPECT_FLOAT_EQ(time.type_off, row.number(5));
+        EXPECT_EQ(time.decode(row.text("text")), result);
+        EXPECT_EQ(time.type, row.number("type"));
+        EXPECT_FLOAT_EQ(time.tim1, row.number("tim1"));
+        EXPECT_FLOAT_EQ(time.tim2, row.number("tim2"));
+        EXPECT_FLOAT_EQ(time.off, row.number("off"));
+        EXPECT_FLOAT_EQ(time.type_off, row.number("length"));
     }
 }
 
@@ -28,7 +28,8 @@ TEST(ForeTime, ReadsFixedAndRelativeTimes) {
 
 TEST(ForeTime, PacksIntoCodes) {
     for (const Row& row : readTable("variable/time_codes.txt"))
-        EXPECT_EQ(std::to_string(ForeTime(row.text(0)).toCode()), row.text(1)) << row.text(0);
+        EXPECT_EQ(std::to_string(ForeTime(row.text("text")).toCode()), row.text("code"))
+            << row.text("text");
 
     ForeTime days;
     days.set(4, 2, 1, 3);

@@ -31,40 +31,40 @@ void expectLevel(const Level& level, const Level& expected) {
 
 TEST(Level, ReadsItsTexts) {
     for (const Row& row : readTable("variable/levels.txt")) {
-        SCOPED_TRACE(row.text(0));
+        SCOPED_TRACE(row.text("text"));
         Level level;
-        EXPECT_EQ(level.decode(row.text(0)), 1);
-        expectLevel(level, makeLevel(row.numbers(1)));
+        EXPECT_EQ(level.decode(row.text("text")), 1);
+        expectLevel(level, makeLevel(row.numbers("bounds")));
     }
 }
 
 TEST(Level, WritesTextsAndLabels) {
     for (const Row& row : readTable("variable/level_labels.txt")) {
-        const Level level = makeLevel(row.numbers(0));
+        const Level level = makeLevel(row.numbers("bounds"));
         String out;
         level.toString(out);
-        EXPECT_STREQ(out.get(), row.text(1));
+        EXPECT_STREQ(out.get(), row.text("text"));
         level.toLabel(out);
-        EXPECT_STREQ(out.get(), row.text(2));
+        EXPECT_STREQ(out.get(), row.text("label"));
     }
 }
 
 TEST(Level, PacksKindAndValuesIntoCodes) {
     for (const Row& row : readTable("variable/level_codes.txt")) {
-        const Level level = makeLevel(row.numbers(0));
-        EXPECT_EQ(level.toTypeCode(), row.number(1)) << row.text(0);
-        EXPECT_EQ(level.toLevelCode(), row.number(2)) << row.text(0);
+        const Level level = makeLevel(row.numbers("bounds"));
+        EXPECT_EQ(level.toTypeCode(), row.number("kind")) << row.text("bounds");
+        EXPECT_EQ(level.toLevelCode(), row.number("values")) << row.text("bounds");
     }
 }
 
 TEST(Level, ReadsCodesOfGridFiles) {
     for (const Row& row : readTable("variable/level_grib.txt")) {
-        SCOPED_TRACE(row.text(0));
+        SCOPED_TRACE(row.text("codes"));
         Level level;
-        EXPECT_EQ(
-            level.decode(static_cast<int>(row.numbers(0)[0]), static_cast<int>(row.numbers(0)[1])),
-            1);
-        expectLevel(level, makeLevel(row.numbers(1)));
+        EXPECT_EQ(level.decode(static_cast<int>(row.numbers("codes")[0]),
+                               static_cast<int>(row.numbers("codes")[1])),
+                  1);
+        expectLevel(level, makeLevel(row.numbers("bounds")));
     }
 }
 

@@ -25,20 +25,20 @@ std::string text(const Level& level) {
 
 TEST(Variable, ReadsAndWritesItsStatistic) {
     for (const Row& row : readTable("variable/statistics.txt")) {
-        SCOPED_TRACE(row.text(0));
+        SCOPED_TRACE(row.text("text"));
         Variable var;
-        EXPECT_EQ(var.decode(row.text(0)), 1);
-        EXPECT_EQ(var.type, row.number(1));
-        EXPECT_FLOAT_EQ(var.val1, row.number(2));
-        EXPECT_FLOAT_EQ(var.val2, row.number(3));
-        EXPECT_STREQ(var.abbr, row.text(4));
+        EXPECT_EQ(var.decode(row.text("text")), 1);
+        EXPECT_EQ(var.type, row.number("type"));
+        EXPECT_FLOAT_EQ(var.val1, row.number("val1"));
+        EXPECT_FLOAT_EQ(var.val2, row.number("val2"));
+        EXPECT_STREQ(var.abbr, row.text("abbr"));
         String out;
         var.toAbbrCode(out);
-        EXPECT_STREQ(out.get(), row.text(5));
+        EXPECT_STREQ(out.get(), row.text("code"));
         var.toString(out);
-        EXPECT_STREQ(out.get(), row.text(6));
+        EXPECT_STREQ(out.get(), row.text("string"));
         var.toLabel(out);
-        EXPECT_STREQ(Row(out.get()).text(0), row.text(7));
+        EXPECT_STREQ(Row(out.get()).text(0), row.text("label"));
     }
     EXPECT_EQ(Variable().decode(nullptr), 0);
 }
@@ -46,10 +46,10 @@ TEST(Variable, ReadsAndWritesItsStatistic) {
 TEST(Variable, PacksIntoCodes) {
     for (const Row& row : readTable("variable/statistic_codes.txt")) {
         Variable var;
-        var.decode(row.text(0));
-        EXPECT_EQ(var.toIndCode(), Const::MISS) << row.text(0);
+        var.decode(row.text("text"));
+        EXPECT_EQ(var.toIndCode(), Const::MISS) << row.text("text");
         var.setInd(61);
-        EXPECT_EQ(std::to_string(var.toIndCode()), row.text(1)) << row.text(0);
+        EXPECT_EQ(std::to_string(var.toIndCode()), row.text("code")) << row.text("text");
     }
 }
 
@@ -62,16 +62,16 @@ protected:
 
 TEST_F(VarSpecs, ReadsItsParts) {
     for (const Row& row : readTable("variable/parts.txt")) {
-        SCOPED_TRACE(row.text(0));
-        const VarSpec spec(row.text(0));
-        EXPECT_EQ(text(spec.fore), row.text(1));
-        EXPECT_EQ(text(spec.level), row.text(2));
-        EXPECT_STREQ(spec.var.abbr, row.text(3));
-        EXPECT_STREQ(spec.getUnits(), row.text(4));
-        EXPECT_STREQ(spec.format, row.text(5));
-        EXPECT_EQ(spec.plot, row.number(6));
-        EXPECT_EQ(spec.abs, row.number(7));
-        EXPECT_EQ(spec.type, row.number(8));
+        SCOPED_TRACE(row.text("text"));
+        const VarSpec spec(row.text("text"));
+        EXPECT_EQ(text(spec.fore), row.text("time"));
+        EXPECT_EQ(text(spec.level), row.text("level"));
+        EXPECT_STREQ(spec.var.abbr, row.text("abbr"));
+        EXPECT_STREQ(spec.getUnits(), row.text("units"));
+        EXPECT_STREQ(spec.format, row.text("format"));
+        EXPECT_EQ(spec.plot, row.number("plot"));
+        EXPECT_EQ(spec.abs, row.number("final"));
+        EXPECT_EQ(spec.type, row.number("type"));
     }
     const VarSpec known("temp");
     EXPECT_EQ(known.getVarInd(), 11);
@@ -101,17 +101,17 @@ TEST_F(VarSpecs, WritesTextsAndLabels) {
 
 TEST_F(VarSpecs, MergesTimes) {
     for (const Row& row : readTable("variable/merged_times.txt")) {
-        SCOPED_TRACE(std::string(row.text(0)) + " with " + row.text(1));
+        SCOPED_TRACE(std::string(row.text("time")) + " with " + row.text("other"));
         VarSpec spec;
         VarSpec src;
-        spec.setFore(row.text(0));
-        src.setFore(row.text(1));
+        spec.setFore(row.text("time"));
+        src.setFore(row.text("other"));
         spec.update(src);
-        EXPECT_EQ(spec.fore.type, row.number(2));
-        EXPECT_FLOAT_EQ(spec.fore.tim1, row.number(3));
-        EXPECT_FLOAT_EQ(spec.fore.tim2, row.number(4));
-        EXPECT_FLOAT_EQ(spec.fore.off, row.number(5));
-        EXPECT_FLOAT_EQ(spec.fore.type_off, row.number(6));
+        EXPECT_EQ(spec.fore.type, row.number("type"));
+        EXPECT_FLOAT_EQ(spec.fore.tim1, row.number("tim1"));
+        EXPECT_FLOAT_EQ(spec.fore.tim2, row.number("tim2"));
+        EXPECT_FLOAT_EQ(spec.fore.off, row.number("off"));
+        EXPECT_FLOAT_EQ(spec.fore.type_off, row.number("length"));
     }
 }
 
