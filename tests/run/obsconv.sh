@@ -70,6 +70,11 @@ failure "empty" 9 "obsconv: empty: line 0: the file is empty" "$small" empty
 failure "cut" 9 "obsconv: cut: line 10: the file ends within this row" "$small" cut
 failure "fewer rows" 9 "obsconv: fewer: line 10: the file ends after 4 of its 16 reports" fewer
 failure "packed and cut" 9 "obsconv: cut.gz: line 6: the packed data is damaged or cut" cut.gz
+printf 'a,b\n1,2\n' >foreign
+printf 'station_id,observation_time,raw_text\n,,\n' >nothing
+failure "foreign" 9 "obsconv: foreign: line 2: no row of column names (raw_text, station_id, observation_time)" \
+    "$small" foreign
+failure "no report" 10 "obsconv: nothing: line 2: no report that can be used up to here" nothing
 failure "type" 11 "obsconv: the file type must be orv" -t cdf "$small"
 failure "city file" 7 "obsconv: the city file /absent.cty can't be read; -cf none does without" \
     -cf /absent.cty "$small"

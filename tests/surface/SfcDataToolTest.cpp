@@ -77,13 +77,8 @@ TEST_F(SfcDataToolTest, EveryQuantityOfAReport) {
 
 TEST_F(SfcDataToolTest, NothingReportedIsMissing) {
     report = SfcData();
-    for (const char* text :
-         {"temp",   "ttd",     "dewd",     "wind",     "uwnd",   "vwnd",   "uwndg", "alt",
-          "pralt",  "pres",    "sfc:pres", "lcl:pres", "elev",   "vis",    "cldcl", "cldclc",
-          "cldcv",  "ptend",   "prec",     "extt",     "maxt",   "mint",   "nlcld", "lcld",
-          "time",   "txtwx",   "vpres",    "svpres",   "heat",   "humit",  "mrat",  "smrat",
-          "shum",   "rhum",    "wetblb",   "thetaw",   "thetae", "thetav", "theta", "vtemp",
-          "wchilt", "wchill2", "wchilf"}) {
+    for (const Row& row : readTable("surface/keywords.txt")) {
+        const char* text = row.text("keyword");
         compute(text);
         EXPECT_EQ(datum.value[0], missing) << text;
         EXPECT_EQ(datum.value[1], missing) << text;
@@ -124,24 +119,12 @@ TEST_F(SfcDataToolTest, UnitsConvertTheMainValue) {
 }
 
 TEST_F(SfcDataToolTest, ShortNumbersOfAStationModel) {
-    const struct {
-        float SfcData::*field;
-        float value;
-        const char* keyword;
-        const char* data;
-    } rows[] = {{&SfcData::vis, 0.5F, "vis", "5"},
-                {&SfcData::vis, 0, "vis", "0"},
-                {&SfcData::vis, 1, "vis", "1.0"},
-                {&SfcData::vis, 10, "vis", "10"},
-                // 29.97 lies below its decimal fraction as a float, and so does 30.02.
-                {&SfcData::alt, 29.97F, "alt", "997"},
-                {&SfcData::alt, 30.02F, "alt", "002"},
-                {&SfcData::slp, 999.8F, "pres", "998"},
-                {&SfcData::slp, 1000.1F, "pres", "001"},
-                {&SfcData::slp, 1e30F, "pres", ""}};
-    for (const auto& row : rows) {
-        report.*row.field = row.value;
-        EXPECT_STREQ(compute(row.keyword).data, row.data) << row.keyword << " " << row.value;
+    for (const Row& row : readTable("surface/short_numbers.txt")) {
+        const std::string keyword = row.text("keyword");
+        (keyword == "vis"   ? report.vis
+         : keyword == "alt" ? report.alt
+                            : report.slp) = row.number("value");
+        EXPECT_STREQ(compute(keyword.c_str()).data, row.text("data")) << row.text("value");
     }
     report.slp = missing;
     report.alt = 29.92F;
