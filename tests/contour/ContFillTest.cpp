@@ -1,11 +1,9 @@
 #include "ContFixture.h"
-#include "Table.h"
+#include "TempDir.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 using namespace ORV;
 
@@ -106,45 +104,28 @@ TEST_F(ContFillTest, BandsCoverEachCellOnce) {
     }
 }
 
-// The color values of the polygons drawn, by that of their first one in a row.
-std::vector<int> fillColors(const std::vector<std::string>& calls) {
-    std::vector<int> colors;
+// The colors of the polygons drawn, by that of their first one in a row.
+std::string fillColors(const std::vector<std::string>& calls) {
+    std::string colors;
     int color = -1;
     for (const std::string& call : calls) {
         if (call.rfind("color 3 ", 0) == 0)
             color = std::stoi(call.substr(8));
         if (call.rfind("fill 3 ", 0) == 0)
-            colors.push_back(color);
+            colors += color == 0xFF0000 ? 'r' : color == 0xFF00 ? 'g' : color == 0xFF ? 'b' : '?';
     }
     return colors;
 }
 
 TEST_F(ContFillTest, BandsHaveTheColorOfTheirLowerLevel) {
-    constexpr int red = 0xFF0000, green = 0xFF00, blue = 0xFF;
-    const char* const colors = "0:#FF0000,10:#00FF00,20:#0000FF";
-    const struct {
-        const char* what;
-        float left, right;
-        const char* fill;
-        std::vector<int> colors;
-    } rows[] = {
-        {"inside a band", 2, 8, colors, {red}},
-        {"two bands", 2, 18, colors, {red, green}},
-        {"all bands", 2, 28, colors, {red, green, blue}},
-        {"above the last level", 25, 28, colors, {blue}},
-        {"below the first level", -8, -2, colors, {}},
-        {"partly below it", -8, 2, colors, {red}},
-        {"a band without a color", 2, 28, "0:#FF0000,10:off,20:#0000FF", {red, blue}},
-        {"one level", 2, 28, "10:#00FF00", {green}},
-        {"a cycle", 2, 28, "#FF0000,#00FF00,#0000FF", {red, green, blue}},
-    };
-    for (const auto& row : rows) {
-        Grid grid = makeGrid(2, 2, {row.left, row.right, row.left, row.right});
+    for (const Row& row : readTable("contour/band_colors.txt")) {
+        const float left = row.number("left"), right = row.number("right");
+        Grid grid = makeGrid(2, 2, {left, right, left, right});
         cont = ContPlot("cf,lab=0:0,ci=10");
-        cont.setColorFill(row.fill);
+        cont.setColorFill(row.text("fill"));
         device->take();
         cont.drawFill(plot, grid);
-        EXPECT_EQ(fillColors(device->calls), row.colors) << row.what;
+        EXPECT_EQ(fillColors(device->calls), row.text("colors")) << row.text("what");
     }
 }
 
@@ -184,57 +165,42 @@ TEST_F(ContFillTest, WorldIsCoveredToItsEdges) {
 
 // A page draws cells of a row in one polygon where that can't be told from the picture.
 TEST_F(ContFillTest, JoinedCellsGiveThePictureOfSingleOnes) {
-    const struct {
-        const char* what;
-        const char* domain;
-    } rows[] = {
-        {"as the grid", "lamb:90:-98:30:60,40,-98,81,61,0.5,0.5"},
-        {"another projection", "merc:0:-98,40,-98,61,41,1,1"},
-    };
-    const std::string base = std::string(ORV_BINARY_DIR) + "/joined";
-    for (const auto& row : rows) {
+    const TempDir dir;
+    Grid grid;
+    grid.setDomain(Domain("lamb:90:-98:30:60,40,-98,81,61,0.5,0.5"));
+    grid.allocData();
+    for (int j = 0; j < grid.ny; j++)
+        for (int i = 0; i < grid.nx; i++)
+            grid.setValue(i, j, float(50 + 40 * std::sin(i / 14.0) * std::cos(j / 10.0)));
+    grid.setValue(20, 15, Const::MISS);
+    for (const char* domain :
+         {"lamb:90:-98:30:60,40,-98,81,61,0.5,0.5", "merc:0:-98,40,-98,61,41,1,1"}) {
         std::string pictures[2];
         size_t polygons[2] = {};
         for (const bool joined : {false, true}) {
-            const std::string name = base + (joined ? "1" : "0");
-            Grid grid;
-            grid.setDomain(Domain("lamb:90:-98:30:60,40,-98,81,61,0.5,0.5"));
-            grid.allocData();
-            for (int j = 0; j < grid.ny; j++)
-                for (int i = 0; i < grid.nx; i++)
-                    grid.setValue(
-                        i, j,
-                        static_cast<float>(50 + 40 * std::sin(i / 14.0) * std::cos(j / 10.0)));
-            grid.setValue(20, 15, Const::MISS);
             testing::internal::CaptureStdout();
             {
-                Plot page(("de=p," + name + ".ps,color").c_str());
-                page.setPanel(Domain(row.domain));
+                Plot page(("de=p," + dir.path + "/page.ps,color").c_str());
+                page.setPanel(Domain(domain));
                 if (!joined)
                     page.graph.device_type = 0;
                 ContPlot filled("cf,lab=0:0,ci=10");
                 filled.draw(page, grid);
             }
             testing::internal::GetCapturedStdout();
-            const auto read = [](const std::string& path) {
-                std::ifstream in(path, std::ios::binary);
-                std::stringstream all;
-                all << in.rdbuf();
-                return all.str();
-            };
-            const std::string page = read(name + ".ps");
+            const std::string page = dir.read("page.ps");
             for (size_t at = page.find("%%FA"); at != std::string::npos;
                  at = page.find("%%FA", at + 1))
                 polygons[joined]++;
-            const std::string command = "gs -q -dBATCH -dNOPAUSE -dSAFER -r144 -sDEVICE=ppmraw "
-                                        "-sOutputFile=" +
-                                        name + ".ppm " + name + ".ps";
+            const std::string command =
+                "gs -q -dBATCH -dNOPAUSE -dSAFER -r144 -sDEVICE=ppmraw -sOutputFile=" + dir.path +
+                "/page.ppm " + dir.path + "/page.ps";
             ASSERT_EQ(std::system(command.c_str()), 0);
-            pictures[joined] = read(name + ".ppm");
+            pictures[joined] = dir.read("page.ppm");
         }
         EXPECT_GT(pictures[0].size(), 1000000u);
-        EXPECT_TRUE(pictures[0] == pictures[1]) << row.what;
-        EXPECT_LT(polygons[1], polygons[0] * 3 / 4) << row.what;
+        EXPECT_TRUE(pictures[0] == pictures[1]) << domain;
+        EXPECT_LT(polygons[1], polygons[0] * 3 / 4) << domain;
     }
 }
 

@@ -1,5 +1,4 @@
 #include "ContFixture.h"
-#include "Table.h"
 
 #include <cmath>
 
@@ -186,27 +185,11 @@ TEST_F(ContLineTest, LinesStandInPlaceOnAnotherProjection) {
 // corner_mask off): segments, total length, and their middle weighted by length, in grid units from
 // the lower left.
 TEST_F(ContLineTest, ContoursLieWhereAnotherProgramDrawsThem) {
-    const float n = none;
-    Grid grid = makeGrid(14, 10, {1027.9f, 1028.2f, 1025.2f, 1019.3f, 1014.9f, 1011.8f, 1010.1f,
-                                  1006.9f, 1003.3f, 998.6f,  992.5f,  986.8f,  982.5f,  983.0f, //
-                                  1027.2f, 1027.8f, 1026.2f, 1021.5f, 1017.7f, 1013.5f, 1010.3f,
-                                  1006.8f, 1003.8f, 999.3f,  995.2f,  992.5f,  993.0f,  994.3f, //
-                                  1025.4f, 1026.1f, 1025.4f, 1022.1f, 1019.4f, 1015.9f, 1011.6f,
-                                  1008.2f, 1005.6f, 1002.8f, 1001.9f, 1001.4f, 1001.9f, 1001.7f, //
-                                  1021.8f, 1021.9f, 1022.2f, 1020.9f, 1019.0f, 1017.1f, 1014.6f,
-                                  1012.4f, 1010.5f, 1009.3f, 1008.6f, 1008.3f, 1007.8f, 1006.4f, //
-                                  1020.5f, 1020.2f, 1019.1f, 1017.8f, 1017.7f, 1017.4f, 1017.8f,
-                                  1018.0f, 1017.3f, 1016.0f, 1014.3f, 1012.8f, 1011.9f, 1010.4f, //
-                                  1020.2f, 1019.2f, 1018.0f, 1016.3f, 1016.1f, 1018.0f, 1020.6f,
-                                  1021.3f, 1020.8f, 1019.1f, 1017.0f, 1015.4f, 1014.5f, 1014.6f, //
-                                  1019.7f, 1018.6f, 1018.0f, 1016.4f, 1016.2f, 1019.3f, 1021.7f,
-                                  1022.0f, 1021.5f, 1019.6f, 1018.1f, 1017.4f, 1016.5f, 1016.4f, //
-                                  n,       1018.9f, 1018.0f, 1016.2f, 1016.3f, 1020.0f, 1021.4f,
-                                  1021.4f, 1020.8f, 1019.5f, 1019.1f, 1019.3f, 1019.4f, n, //
-                                  n,       n,       1016.5f, 1016.0f, 1015.9f, 1019.5f, 1020.5f,
-                                  1020.2f, 1019.7f, 1019.5f, 1019.6f, 1019.4f, 1019.1f, 1017.5f, //
-                                  n,       n,       n,       1016.2f, 1015.5f, 1019.0f, 1020.6f,
-                                  1018.4f, 1017.4f, 1016.2f, 1018.1f, 1018.2f, 1016.8f, 1015.3f});
+    std::vector<float> values;
+    for (const Row& row : readTable("contour/altimeter.txt"))
+        for (const float value : row.numbers("values"))
+            values.push_back(value);
+    Grid grid = makeGrid(14, 10, values);
     for (const Row& row : readTable("contour/contours_lie_where_another_program_draws_them.txt")) {
         cont.setColorFill(row.text("level"));
         drawLine(grid);

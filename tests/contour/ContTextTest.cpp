@@ -80,40 +80,9 @@ TEST_F(ContTextTest, LabelsStandOnColumnsAndRowsOfCells) {
 }
 
 TEST_F(ContTextTest, MarksPointsAboveOrBelowAllAround) {
-    const float n = none;
-    const struct {
-        const char* what;
-        std::initializer_list<float> values; // 5 by 3
-        const char* params;
-        const char* marks;
-    } rows[] = {
-        {"one of each",
-         {1, 1, 1, 1, 1, 1, 5, 1, 0, 1, 1, 1, 1, 1, 1},
-         "lab=0:1",
-         "1.00,1.00:H 1.00,0.96:5 3.00,1.00:L 3.00,0.96:0 "},
-        {"only the greater of two within the radius",
-         {1, 1, 1, 1, 1, 1, 5, 1, 6, 1, 1, 1, 1, 1, 1},
-         "lab=0:2",
-         "3.00,1.00:H 3.00,0.96:6 "},
-        {"equal neighbours", {1, 1, 1, 1, 1, 1, 5, 5, 1, 1, 1, 1, 1, 1, 1}, "lab=0:1", ""},
-        {"at a corner",
-         {9, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1},
-         "lab=0:2",
-         "0.00,2.00:H 0.00,1.96:9 "},
-        {"one missing neighbour",
-         {1, n, 1, 1, 1, 1, 5, 1, 1, 1, 1, 1, 1, 1, 1},
-         "lab=0:1",
-         "1.00,1.00:H 1.00,0.96:5 "},
-        {"two missing neighbours", {1, n, 1, 1, 1, 1, 5, n, 1, 1, 1, 1, 1, 1, 1}, "lab=0:1", ""},
-        {"no extrema wanted", {1, 1, 1, 1, 1, 1, 5, 1, 0, 1, 1, 1, 1, 1, 1}, "lab=2:0", ""},
-        {"a radius beyond the grid",
-         {1, 1, 1, 1, 1, 1, 5, 1, 1, 1, 1, 1, 1, 1, 1},
-         "lab=0:2000000000",
-         "1.00,1.00:H 1.00,0.96:5 "},
-    };
-    for (const auto& row : rows) {
-        Grid grid = makeGrid(5, 3, row.values);
-        EXPECT_EQ(drawExtrema(grid, row.params), row.marks) << row.what;
+    for (const Row& row : readTable("contour/extrema.txt")) {
+        Grid grid = makeGrid(5, 3, row.numbers("values"));
+        EXPECT_EQ(drawExtrema(grid, row.text("params")), row.text("marks")) << row.text("what");
     }
 }
 

@@ -1,36 +1,16 @@
 #pragma once
 
 #include "ORV/Domain.h"
-#include "ORV/Grid.h"
 #include "ORV/VectPlot.h"
 
-#include "plot/PlotFixture.h"
+#include "GridFixture.h"
 
-#include <algorithm>
 #include <functional>
-#include <memory>
-#include <set>
 
 namespace ORV {
 
-/// Wind fields on a plot that records what is drawn, finely enough to tell places to 1e-5 of it.
-class VectTest : public PlotTest {
+class VectTest : public GridPlotTest {
 protected:
-    VectTest() {
-        auto owned = std::make_unique<RecordingDevice>();
-        device = owned.get();
-        device->width = 20000; // within what a graph gives a device
-        device->height = 10000;
-        plot.graph.setDevice(std::move(owned), 1);
-    }
-
-    /// Points one apart on a plain plot, (0,0) the lower left one.
-    static std::string plain(int nx, int ny) {
-        char text[80];
-        std::snprintf(text, sizeof text, "xy:0:0,%g,%g,%d,%d,1,1", (nx - 1) / 2.0, (ny - 1) / 2.0,
-                      nx, ny);
-        return text;
-    }
     using Flow = std::function<Point(const Point& at)>;
     /// Fills u and v by a function of the plot's coordinates.
     void makeWind(const char* domain, const Flow& flow) {
