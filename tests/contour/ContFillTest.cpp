@@ -185,7 +185,8 @@ TEST_F(ContFillTest, JoinedCellsGiveThePictureOfSingleOnes) {
                 if (!joined)
                     page.graph.device_type = 0;
                 ContPlot filled("cf,lab=0:0,ci=10");
-                filled.draw(page, grid);
+                Grid field = grid; // which keeps its places on the plot
+                filled.draw(page, field);
             }
             testing::internal::GetCapturedStdout();
             const std::string page = dir.read("page.ps");

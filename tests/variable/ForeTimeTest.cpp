@@ -77,25 +77,14 @@ TEST(ForeTime, GivesTheEndOfAPeriodAsItsTime) {
 }
 
 TEST(ForeTime, WritesLabels) {
-    class Row {
-    public:
-        float hours;
-        const char* label;
-        const char* day_label;
-    };
-    const Row rows[] = {
-        {0, "analysis", "0 day"},   {6, "6 hour", "6 hour"}, {36, "36 hour", "1.5 day"},
-        {48, "48 hour", "2 day"},   {72, "3 day", "3 day"},  {84, "3.5 day", "3.5 day"},
-        {85, "85 hour", "85 hour"}, {none, "", ""},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row : readTable("variable/time_labels.txt")) {
         String out;
-        ForeTime::toTimeLabel(row.hours, out);
-        EXPECT_STREQ(out.get(), row.label);
+        ForeTime::toTimeLabel(row.number("hours"), out);
+        EXPECT_STREQ(out.get(), row.text("label"));
         ForeTime time;
-        time.set(0, row.hours, none);
+        time.set(0, row.number("hours"), none);
         time.toTimeLabelDay(out);
-        EXPECT_STREQ(out.get(), row.day_label);
+        EXPECT_STREQ(out.get(), row.text("day_label"));
     }
 
     // A text without room grows.

@@ -4,6 +4,7 @@
 #include "ORV/VarName.h"
 
 #include "Database.h"
+#include "Table.h"
 
 namespace ORV {
 namespace {
@@ -47,7 +48,7 @@ TEST_F(Lookups, WarnOfMissingFiles) {
     EXPECT_EQ(VarName().get("temp"), -1);
     EXPECT_STREQ(ModelName().get(7, 96), "");
     EXPECT_EQ(ModelSpec().set("gfs"), 0);
-    const std::string path = directory;
+    const std::string& path = dir.path;
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "VarName: Unable to open file: " + path + "/variable.lup\n" +
                   "ModelName: Unable to open file: " + path + "/mod_name.lup\n");
@@ -104,22 +105,11 @@ TEST_F(Lookups, ReadNamedPlotLists) {
     EXPECT_EQ(file.open("no.var"), 0);
 }
 
-// Each name that a plot list can ask of a station.
-constexpr const char* station_elements[] = {
-    "id",      "city",    "time",   "temp",   "ttd",    "dewp",   "dewd",   "wdir",   "wspd",
-    "wgst",    "wbrbc",   "wbrb",   "wind",   "uwndg",  "vwndg",  "uwnd",   "vwnd",   "alt",
-    "pralt",   "pres",    "elev",   "txtwx",  "wx",     "sawx",   "vis",    "clds",   "cldcl",
-    "cldclc",  "cldcv",   "ptend",  "prec1",  "prec3",  "prec6",  "prec12", "prec24", "prec",
-    "extt",    "maxt6",   "maxt24", "maxt",   "mint6",  "mint24", "mint",   "snwdp",  "nlcld",
-    "lcld",    "mcld",    "hcld",   "solar",  "sst",    "wavper", "wavhgt", "vpres",  "svpres",
-    "wchilt2", "wchill2", "wchilt", "wchill", "wchilf", "heat",   "humit",  "mrat",   "smrat",
-    "shum",    "rhum",    "wetblb", "thetaw", "thetae", "thetav", "theta",  "vtemp",  "fr",
-};
-
 TEST_F(Lookups, ShipEveryStationElementWithALabel) {
     useShipped();
     VarName names;
-    for (const char* element : station_elements) {
+    for (const Row& row : readTable("variable/station_elements.txt")) {
+        const char* element = row.text("name");
         Variable var;
         EXPECT_EQ(names.get(element, var), 1) << element;
         EXPECT_GT(var.ind, 0) << element;

@@ -3,6 +3,7 @@
 #include "ORV/Const.h"
 
 #include "Database.h"
+#include "Table.h"
 
 namespace ORV {
 namespace {
@@ -70,43 +71,12 @@ TEST_F(UnitFiles, KeepsAnsweringBeyondItsTenSlots) {
     EXPECT_STREQ(fresh.data[1].to, "b");
 }
 
-class Known {
-public:
-    float value;
-    const char* from;
-    const char* to;
-    float expected;
-    float tolerance;
-};
-
 TEST_F(UnitFiles, ShipsTheUnitsOfStationReports) {
     useShipped();
-    const Known rows[] = {
-        {100, "C", "F", 212, 1e-4f},
-        {-40, "F", "C", -40, 1e-4f},
-        {0, "C", "K", 273.15f, 1e-4f},
-        {300, "K", "F", 80.33f, 1e-3f},
-        {10, "dC", "F", 18, 1e-4f},
-        {10, "knt", "m/s", 5.144444f, 1e-5f},
-        {10, "m/s", "knt", 19.43844f, 1e-4f},
-        {10, "knt", "mph", 11.50779f, 1e-4f},
-        {10, "knt", "km/hr", 18.52f, 1e-4f},
-        {29.92f, "in_Hg", "mb", 1013.207f, 1e-2f},
-        {1013.25f, "mb", "in_Hg", 29.92126f, 1e-4f},
-        {10, "mi", "km", 16.09344f, 1e-4f},
-        {25.4f, "mm", "in", 1, 1e-5f},
-        {2.54f, "cm", "in", 1, 1e-5f},
-        {1, "m", "ft", 3.28084f, 1e-5f},
-        {35, "100 ft", "ft", 3500, 1e-2f},
-        {35, "100 ft", "m", 1066.8f, 1e-2f},
-        {1.5f, "mb/3hr", "mb/hr", 0.5f, 1e-5f},
-        {90, "min", "hr", 1.5f, 1e-5f},
-        {50, "%", "okta", 4, 1e-5f},
-        {8, "sec", "s", 8, 1e-5f},
-    };
-    for (const Known& row : rows)
-        EXPECT_NEAR(unit.convert(row.value, row.from, row.to), row.expected, row.tolerance)
-            << row.from << " to " << row.to;
+    for (const Row& row : readTable("variable/units.txt"))
+        EXPECT_NEAR(unit.convert(row.number("value"), row.text("from"), row.text("to")),
+                    row.number("expected"), row.number("tolerance"))
+            << row.text("from") << " to " << row.text("to");
 }
 
 TEST_F(UnitFiles, ShipsEachConversionWithItsWayBack) {
@@ -134,22 +104,10 @@ TEST_F(UnitFiles, ShipsEachConversionWithItsWayBack) {
 }
 
 TEST(UnitText, ScalesUnits) {
-    class Row {
-    public:
-        const char* units;
-        float factor;
-        const char* suffix;
-        const char* expected;
-    };
-    const Row rows[] = {
-        {"10^-5 /s", 1, "", "10^-5 /s"}, {"m", 0.5f, "", "5e-01 m"},
-        {"m", 1e-5f, "/s", "10^-5 m/s"}, {"100_ft", 10, "", "10^3 ft"},
-        {"m", 0, "", "0e+00 m"},         {"K", -1, "", "-1e+00 K"},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row : readTable("variable/scaled_units.txt")) {
         String out("");
-        Unit::scale(row.units, row.factor, row.suffix, out);
-        EXPECT_STREQ(out.get(), row.expected);
+        Unit::scale(row.text("units"), row.number("factor"), row.text("suffix"), out);
+        EXPECT_STREQ(out.get(), row.text("scaled"));
     }
 }
 

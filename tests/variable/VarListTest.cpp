@@ -1,6 +1,7 @@
 #include "ORV/VarList.h"
 
 #include "Database.h"
+#include "Table.h"
 
 namespace ORV {
 namespace {
@@ -44,37 +45,8 @@ protected:
 };
 
 TEST_F(VarLists, ParseElementsAndNesting) {
-    const char* rows[][2] = {
-        {"temp", "0P:temp"},
-        {"temp,dewp,wspd", "0P:temp 0P:dewp 0P:wspd"},
-        {" temp ,\tdewp, ", "0P:temp 0P:dewp"},
-        {",,temp,,", "0P:temp"},
-        {"temp[F,plot],dewp", "0P:temp[F,plot] 0P:dewp"},
-        {"temp[F,a[1,2],{x}],dewp", "0P:temp[F,a[1,2],{x}] 0P:dewp"},
-        {"{temp,dewp}", "0G: 1P:temp 1P:dewp"},
-        {"500mb:{temp,hght}", "0G500mb: 1P:temp 1P:hght"},
-        {"sfc:<uwnd,vwnd>[knt,vect]", "0Vsfc:[knt,vect] 1P:uwnd 1P:vwnd"},
-        {"add(temp,dewp)", "0F:add 1P:temp 1P:dewp"},
-        {"grad-x(temp)", "0W:grad-x 1P:temp"},
-        {"vdiff(a,b)", "0W:vdiff 1P:a 1P:b"},
-        {"gradient(a)", "0F:gradient 1P:a"},
-        {"sub(add(a,b),c)", "0F:sub 1F:add 2P:a 2P:b 1P:c"},
-        {"{a,}", "0G: 1P:a 1P:"},
-        {"{a,<u,v>},b", "0G: 1P:a 1V: 2P:u 2P:v 1P: 0P:b"},
-        {"{a},b", "0G: 1P:a 0P:b"},
-        {"map[us],{a}", "0M:map[,us] 0G: 1P:a"},
-        {"{map[us]}", "0G: 1M:map[,us]"},
-        {"{a,b", "0G: 1P:a"},
-        {"a[F", ""},
-        {"a\\b,c", "0P:ab 0P:c"},
-        {"{a,b}[knt,plot]", "0G:[knt,plot] 1P:a[,plot,] 1P:b[,plot,]"},
-        {"{a[C,x],b}[,y],c", "0G:[,y] 1P:a[C,y,x] 1P:b[,y,] 0P:c"},
-        {"{a,<u,v>}[knt]", "0G: 1P:a 1V:[knt,] 2P:u 2P:v 1P:"},
-        {"[F,plot]", ""},
-        {"temp,[F,plot]", "0P:temp[F,plot]"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(decoded(row[0]), row[1]) << row[0];
+    for (const Row& row : readTable("variable/plot_lists.txt"))
+        EXPECT_EQ(decoded(row.text("text")), row.text("items")) << row.text("text");
 }
 
 TEST_F(VarLists, StopAtCloserWithoutOpener) {
@@ -155,26 +127,9 @@ TEST_F(VarLists, TellHowItemsAreDrawn) {
 }
 
 TEST_F(VarLists, ReplaceNames) {
-    const char* alias = "alias Alias 0 temp[F,plot]\n";
-    const char* two = "both Both 0 temp[C],dewp\n";
-    const char* rows[][3] = {
-        {"temp", "", "0P:temp"},
-        {"alias", alias, "0P:temp[F,plot]"},
-        {"alias[C]", alias, "0P:temp[C,plot]"},
-        {"alias[knt]", alias, "0P:temp[F,plot]"},
-        {"sfc:alias[,co=red]", alias, "0Psfc:temp[F,plot,co=red]"},
-        {"+alias", alias, "0P:alias"},
-        {"alias,b", alias, "0P:temp[F,plot] 0P:b"},
-        {"x[F]", "x X 0 y\n", "0P:y[F,]"},
-        {"a,temp", "temp T 0 temp[C,plot]\n", "0P:a 0P:temp[C,plot]"},
-        {"sfc:both", "both Both 0 temp,dewp\n", "0Psfc:temp 0Psfc:dewp"},
-        {"a,both[F],b", two, "0P:a 0P:temp[F,] 0P:dewp 0P:b"},
-        {"sfc:both", "both B 0 500mb:temp,dewp\n", "0P500mb:temp 0Psfc:dewp"},
-        {"{both}", two, "0G: 1P:temp[C,] 1P:dewp"},
-        {"c[,cf]", "c C 0 b[,ln]\nb B 0 temp[C]\n", "0P:temp[C,,ln,cf]"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(processed(row[0], row[1]), row[2]) << row[0];
+    for (const Row& row : readTable("variable/replaced_names.txt"))
+        EXPECT_EQ(processed(row.text("text"), row.text("definitions")), row.text("items"))
+            << row.text("text");
 }
 
 TEST_F(VarLists, HandUnitsAndOptionsDownAGroup) {
