@@ -2,6 +2,7 @@
 
 #include "ORV/DomainTool.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -93,26 +94,16 @@ TEST(Domain, TranslatesBetweenWindowsAndProjections) {
 
 // The direction on the map of a short step on the earth, by finite difference.
 TEST(Direction, FollowsTheMap) {
-    class Turn {
-    public:
-        const char* domain;
-        float lat, lon;
-    };
-    const Turn turns[] = {
-        {"ps:90:-100,40,-100", 40, -70}, {"ps:90:-100,40,-100", 55, 120},
-        {"ps:-90:30,-40,30", -40, 90},   {"ps:-90:30,-40,30", -70, -100},
-        {"lamb:40:-95,40,-95", 45, -60}, {"lamb:40:-95,40,-95", 30, -130},
-        {"sat:0:-75,0,-75", 40, -100},   {"merc:0:0,0,0", 40, 50},
-    };
-    for (const Turn& turn : turns) {
-        const Domain domain = domainOf(turn.domain);
-        const Point from = imageOf(domain, turn.lat, turn.lon);
+    for (const Row& turn : readTable("earth/turns.txt")) {
+        const Domain domain = domainOf(turn.text("domain"));
+        const Point from = imageOf(domain, turn.number("lat"), turn.number("lon"));
         for (float dir = 5; dir < 360; dir += 50) {
             Point to;
             ASSERT_EQ(domain.offset(from, dir, 10, to), 1);
             const double seen = std::atan2(to.x - from.x, to.y - from.y) * 180 / M_PI;
             const float adjusted = domain.adjustDir(dir, from);
-            EXPECT_NEAR(std::remainder(adjusted - seen, 360), 0, 0.6) << turn.domain << ' ' << dir;
+            EXPECT_NEAR(std::remainder(adjusted - seen, 360), 0, 0.6)
+                << turn.text("domain") << ' ' << dir;
             EXPECT_GE(adjusted, 0);
             EXPECT_LE(adjusted, 360);
             if (domain.proj != 10) {
@@ -169,28 +160,19 @@ TEST(WorldEdge, LinesAreMadeWhole) {
 }
 
 TEST(WorldEdge, WidthFollowsTheProjection) {
-    class Edge {
-    public:
-        const char* domain;
-        float lat, east, west; ///< a step of 2 degrees over the edge of the world
-        int side;
-    };
-    const Edge edges[] = {
-        {"merc:0:0,0,0", 40, 179, -179, 1},         {"moll:0:0,0,0", 40, -179, 179, -1},
-        {"lamb:15:0:15:15,20,0", 20, 179, -179, 1}, {"lamb:-15:0:-15:-15,-20,0", -20, 179, -179, 1},
-        {"lamb:45:0:45:45,45,0", 45, 179, -179, 0}, // too steep a cone
-        {"ps:90:0,45,0", 45, 179, -179, 0},
-    };
-    for (const Edge& edge : edges) {
-        const Domain domain = domainOf(edge.domain);
-        Point a = imageOf(domain, edge.lat, edge.east), b = imageOf(domain, edge.lat, edge.west);
+    for (const Row& edge : readTable("earth/edges.txt")) {
+        const char* text = edge.text("domain");
+        const Domain domain = domainOf(text);
+        const float lat = edge.number("lat");
+        Point a = imageOf(domain, lat, edge.number("east")),
+              b = imageOf(domain, lat, edge.number("west"));
         const float before = std::abs(a.x - b.x);
-        EXPECT_EQ(domain.wrapLine(a, b), edge.side) << edge.domain;
-        if (edge.side != 0) {
-            EXPECT_LT(std::abs(a.x - b.x), before * 0.1) << edge.domain;
+        EXPECT_EQ(domain.wrapLine(a, b), edge.integer("side")) << text;
+        if (edge.integer("side") != 0) {
+            EXPECT_LT(std::abs(a.x - b.x), before * 0.1) << text;
         }
         // Two places on one side stay.
-        Point c = imageOf(domain, edge.lat, 20), d = imageOf(domain, edge.lat, 30);
-        EXPECT_EQ(domain.wrapLine(c, d), 0) << edge.domain;
+        Point c = imageOf(domain, lat, 20), d = imageOf(domain, lat, 30);
+        EXPECT_EQ(domain.wrapLine(c, d), 0) << text;
     }
 }

@@ -4,6 +4,7 @@
 #include "ORV/Region.h"
 #include "ORV/String.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -54,32 +55,13 @@ using Regions = DomainText;
 } // namespace
 
 TEST_F(DomainText, AllFormsWithTheirDefaults) {
-    class Form {
-    public:
-        const char* text;
+    for (const Row& row : readTable("earth/domain_texts.txt")) {
+        const std::vector<float> at = row.numbers("center"), grid = row.numbers("grid");
         DomainVal val;
-    };
-    const Form forms[] = {
-        {"merc,3,4,11,9,2,1", makeVal(3, 3, 4, 11, 9, 2, 1)},
-        {"merc,3,4,2,1", makeVal(3, 3, 4, 25, 17, 2, 1)},
-        {"merc,3,4", makeVal(3, 3, 4, 25, 17, 1.2f, 1.2f)},
-        {"3,4,11,9,2,1", makeVal(1, 3, 4, 11, 9, 2, 1)},
-        {"3,-4.5", makeVal(1, 3, -4.5f, 25, 17, 1.2f, 1.2f)},
-        {"merc,KOKC,11,9,2,1", makeVal(3, 35.389f, -97.6f, 11, 9, 2, 1)},
-        {"KOKC,2", makeVal(1, 35.389f, -97.6f, 25, 17, 2, 2)},
-        {"PAOM", makeVal(1, 64.511f, -165.44f, 25, 17, 1.2f, 1.2f)},
-        {"ID:kokc", makeVal(1, 35.389f, -97.6f, 25, 17, 1.2f, 1.2f)},
-        {"id:other.cty:EEEE", makeVal(1, -10, 20, 25, 17, 1.2f, 1.2f)},
-        {"skewt,-10,700,9", makeVal(40, -10, 700, 12, 11, 9, 0.235f)},
-        {"skewt,-10,700", makeVal(40, -10, 700, 12, 11, 4.5f, 0.1175f)},
-        {"zoom,3,4", makeVal(50, 3, 4, 25, 17, 1, 1)},
-        {"size,30,20.9", makeVal(51, miss, miss, 30, 20, miss, miss)},
-        {"home", makeVal(2, 10, 20, 30, 20, 1, 1)},
-    };
-    for (const Form& form : forms) {
-        DomainVal val;
-        EXPECT_EQ(DomainTool::decode(val, form.text), 1) << form.text;
-        EXPECT_TRUE(DomainVal::compare(val, form.val)) << form.text;
+        EXPECT_EQ(DomainTool::decode(val, row.text("text")), 1) << row.text("text");
+        EXPECT_TRUE(DomainVal::compare(
+            val, makeVal(row.integer("proj"), at[0], at[1], grid[0], grid[1], grid[2], grid[3])))
+            << row.text("text");
     }
 }
 
@@ -184,35 +166,10 @@ TEST_F(DataRegions, AllHaveAWindow) {
 }
 
 TEST_F(DataRegions, ShowTheCornersOfTheirAreas) {
-    class Corner {
-    public:
-        const char* region;
-        float lat, lon;
-        const char* what;
-    };
-    const Corner corners[] = {
-        {"us", 24.55f, -81.78f, "Key West"},
-        {"us", 49.38f, -95.15f, "the Northwest Angle"},
-        {"alaska", 71.39f, -156.48f, "Point Barrow"},
-        {"alaska", 51.3f, -179, "Amchitka Pass"},
-        {"hawaii", 22.2f, -159.4f, "Kauai"},
-        {"russia", 66, -170, "Cape Dezhnev"},
-        {"russia", 54.7f, 20.5f, "Kaliningrad"},
-        {"new_zealand", -34.4f, 172.7f, "Cape Reinga"},
-        {"fiji", -16.8f, -179.9f, "Taveuni"},
-        {"chile", -55.9f, -67.3f, "Cape Horn"},
-        {"united_kingdom", 60.8f, -0.8f, "Unst"},
-        {"europe", 36, -5.6f, "Tarifa"},
-        {"antarctica", -63.3f, -57, "Hope Bay"},
-        {"world", 89, 179, "the corner"},
-        {"world_pacific", -89, 1, "the corner"},
-        {"pacific", -33.9f, 151, "Sydney"},
-        {"northern_hemisphere", 0, 35, "the equator"},
-    };
-    for (const Corner& corner : corners) {
+    for (const Row& corner : readTable("earth/region_corners.txt")) {
         Domain domain;
-        ASSERT_EQ(DomainTool::decode(domain, corner.region), 1) << corner.region;
-        EXPECT_TRUE(domain.within(EarthPoint(corner.lat, corner.lon)))
-            << corner.region << " without " << corner.what;
+        ASSERT_EQ(DomainTool::decode(domain, corner.text("region")), 1) << corner.text("region");
+        EXPECT_TRUE(domain.within(EarthPoint(corner.number("lat"), corner.number("lon"))))
+            << corner.text("region") << " without " << corner.text("what");
     }
 }

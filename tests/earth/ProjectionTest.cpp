@@ -1,14 +1,15 @@
 #include "ORV/Domain.h"
 #include "ORV/DomainTool.h"
 
+#include "Table.h"
+#include "TempDir.h"
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -48,13 +49,12 @@ bool haveProj() {
 }
 
 std::vector<Image> runProj(const std::string& args, const std::vector<Place>& places) {
-    const std::string path = std::string(ORV_BINARY_DIR) + "/proj-places." +
-                             ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    std::ofstream out(path);
-    out.precision(12);
+    std::ostringstream list;
+    list.precision(12);
     for (const Place& place : places)
-        out << place.lon << ' ' << place.lat << '\n';
-    out.close();
+        list << place.lon << ' ' << place.lat << '\n';
+    const TempDir dir;
+    const std::string path = dir.write("places", list.str());
     const std::string command = "proj -f %.8f " + args + " < " + path + " 2> /dev/null";
     std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
     std::vector<Image> images;
@@ -64,84 +64,20 @@ std::vector<Image> runProj(const std::string& args, const std::vector<Place>& pl
         image.visible = std::sscanf(line, "%lf %lf", &image.x, &image.y) == 2;
         images.push_back(image);
     }
-    std::filesystem::remove(path);
     return images;
 }
 
-// What the satellite's domain makes of PROJ's coordinates, which are scan angles times the height.
-double asAngle(double v) {
-    return v / (421.64 - 63.7122) * 421.64;
+// What the domain makes of PROJ's coordinates.
+double scaled(const std::string& scale, double v) {
+    const double radius = 63.7122, axis = 63.78137, distance = 421.64;
+    if (scale == "angle")
+        return v / (distance - radius) * distance;
+    if (scale == "tangent")
+        return std::tan(v / (distance - radius)) * distance;
+    if (scale == "ellipsoid")
+        return v / (distance - axis) * distance;
+    return scale == "mollweide" ? v / std::sqrt(2.0) : v; // a world of 4 radii
 }
-double asTangent(double v) {
-    return std::tan(v / (421.64 - 63.7122)) * 421.64;
-}
-double asAngleEllipsoid(double v) {
-    return v / (421.64 - 63.78137) * 421.64;
-}
-// The Mollweide world is drawn 4 radii wide.
-double asMollweide(double v) {
-    return v / std::sqrt(2.0);
-}
-double same(double v) {
-    return v;
-}
-
-class Case {
-public:
-    const char* name;
-    const char* domain;
-    const char* proj;
-    double tolerance = 3e-5; ///< plot units, and this part of large values
-    double (*scaled)(double) = same;
-    double south = -91, north = 91; ///< only places between
-};
-
-const Case cases[] = {
-    {"polar stereographic, north", "ps:90:-100,40,-100",
-     "+proj=stere +lat_0=90 +lat_ts=60 +lon_0=-100 +R=63.7122", 3e-5, same, -60},
-    {"polar stereographic, south", "ps:-90:30,-60,30",
-     "+proj=stere +lat_0=-90 +lat_ts=-60 +lon_0=30 +R=63.7122", 3e-5, same, -91, 60},
-    {"polar stereographic, true at 40, radius given", "ps:90:170:40::63.78137,40,170",
-     "+proj=stere +lat_0=90 +lat_ts=40 +lon_0=170 +R=63.78137", 3e-5, same, -60},
-    {"latitude-longitude", "ll:0:-160,0,-160", "+proj=eqc +lon_0=-160 +R=57.29577951308232"},
-    {"Mercator", "merc:0:100,0,100", "+proj=merc +lon_0=100 +R=63.7122", 3e-5, same, -86, 86},
-    {"Mercator on the ellipsoid", "merc:e:20:-80,0,-80",
-     "+proj=merc +lat_ts=20 +lon_0=-80 +a=63.78137 +b=63.56752", 3e-5, same, -86, 86},
-    {"Lambert conformal", "lamb:45:-95,40,-95",
-     "+proj=lcc +lat_0=90 +lat_1=30 +lat_2=60 +lon_0=-95 +R=63.7122", 3e-5, same, -75},
-    {"Lambert conformal, tangent cone", "lamb:25:-95:25:25,40,-95",
-     "+proj=lcc +lat_0=90 +lat_1=25 +lat_2=25 +lon_0=-95 +R=63.7122", 3e-5, same, -75},
-    {"Lambert conformal, south", "lamb:-40:135,-30,135",
-     "+proj=lcc +lat_0=-90 +lat_1=-30 +lat_2=-60 +lon_0=135 +R=63.7122", 3e-5, same, -91, 75},
-    {"orthographic", "ortho:40:-100,40,-100", "+proj=ortho +lat_0=40 +lon_0=-100 +R=63.7122"},
-    {"orthographic at a pole", "ortho:-90:0,-90,0", "+proj=ortho +lat_0=-90 +lon_0=0 +R=63.7122"},
-    // Single precision in the solution for theta.
-    {"Mollweide", "moll:0:150,0,150", "+proj=moll +lon_0=150 +R=63.7122", 3e-3, asMollweide, -89.5,
-     89.5},
-    {"Lambert azimuthal", "lambaz:52:10,52,10", "+proj=laea +lat_0=52 +lon_0=10 +R=63.7122", 2e-4},
-    {"Lambert azimuthal at the north pole", "la:90:-45,90,-45",
-     "+proj=laea +lat_0=90 +lon_0=-45 +R=63.7122", 2e-4, same, -80},
-    {"Lambert azimuthal at the south pole", "la:-90:20,-90,20",
-     "+proj=laea +lat_0=-90 +lon_0=20 +R=63.7122", 2e-4, same, -91, 80},
-    {"Albers", "albers:23:-96:29.5:45.5,38,-96",
-     "+proj=aea +lat_0=23 +lat_1=29.5 +lat_2=45.5 +lon_0=-96 +R=63.7122", 3e-5, same, -89.9},
-    {"Albers, south", "albers:-20:135,-25,135",
-     "+proj=aea +lat_0=-20 +lat_1=-30 +lat_2=-60 +lon_0=135 +R=63.7122", 3e-5, same, -91, 89.9},
-    // PROJ looks for the horizon only on an ellipsoid.
-    {"satellite, scan angles", "sat:0:-75::1,0,-75",
-     "+proj=geos +sweep=x +lon_0=-75 +h=357.9278 +a=63.7122 +b=63.7121999", 3e-5, asAngle},
-    {"satellite, tangents", "sat:0:140,0,140",
-     "+proj=geos +sweep=x +lon_0=140 +h=357.9278 +a=63.7122 +b=63.7121999", 3e-5, asTangent},
-    {"satellite over the ellipsoid", "sat:e:0:0::1,0,0",
-     "+proj=geos +sweep=x +lon_0=0 +h=357.85863 +a=63.78137 +b=63.56752", 3e-5, asAngleEllipsoid},
-};
-
-// Round trips, for the diagrams as well: a place, to be met again to a part in 20,000.
-class Trip {
-public:
-    const char* domain;
-    std::vector<Place> places;
-};
 
 double lonDifference(double a, double b) {
     return std::remainder(a - b, 360);
@@ -151,14 +87,14 @@ double lonDifference(double a, double b) {
 TEST(Projection, AgreesWithPROJ) {
     if (!haveProj())
         GTEST_SKIP() << "no proj command";
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        const Domain domain = domainOf(c.domain);
+    for (const Row& c : readTable("earth/projections.txt")) {
+        SCOPED_TRACE(c.text("name"));
+        const Domain domain = domainOf(c.text("domain"));
         std::vector<Place> places;
         for (const Place& place : worldMesh())
-            if (place.lat > c.south && place.lat < c.north)
+            if (place.lat > c.number("south") && place.lat < c.number("north"))
                 places.push_back(place);
-        const std::vector<Image> images = runProj(c.proj, places);
+        const std::vector<Image> images = runProj(c.text("proj"), places);
         ASSERT_EQ(images.size(), places.size());
         int num_visible = 0;
         for (std::size_t i = 0; i < places.size(); i++) {
@@ -169,8 +105,9 @@ TEST(Projection, AgreesWithPROJ) {
             if (!visible)
                 continue;
             num_visible++;
-            const double x = c.scaled(images[i].x), y = c.scaled(images[i].y);
-            const double tolerance = c.tolerance * std::max(1.0, std::hypot(x, y) / 64);
+            const double x = scaled(c.text("scale"), images[i].x);
+            const double y = scaled(c.text("scale"), images[i].y);
+            const double tolerance = c.real("tolerance") * std::max(1.0, std::hypot(x, y) / 64);
             ASSERT_NEAR(plot.x, x, tolerance) << places[i].lat << ' ' << places[i].lon;
             ASSERT_NEAR(plot.y, y, tolerance) << places[i].lat << ' ' << places[i].lon;
         }
@@ -179,15 +116,15 @@ TEST(Projection, AgreesWithPROJ) {
 }
 
 TEST(Projection, ComesBackToThePlace) {
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        const Domain domain = domainOf(c.domain);
+    for (const Row& c : readTable("earth/projections.txt")) {
+        SCOPED_TRACE(c.text("name"));
+        const Domain domain = domainOf(c.text("domain"));
         for (const Place& place : worldMesh()) {
             EarthPoint earth(static_cast<float>(place.lat), static_cast<float>(place.lon)), back;
             Point plot;
             // Close to a pole, and where a cone or a disc is drawn out, single precision tells.
-            if (place.lat < c.south || place.lat > c.north || std::abs(place.lat) > 85 ||
-                !domain.tran(earth, plot))
+            if (place.lat < c.number("south") || place.lat > c.number("north") ||
+                std::abs(place.lat) > 85 || !domain.tran(earth, plot))
                 continue;
             ASSERT_EQ(domain.tran(plot, back), 1) << place.lat << ' ' << place.lon;
             const double tolerance = domain.proj == 10 ? 0.1 : 0.005; // degrees; the limb is steep
@@ -279,26 +216,15 @@ TEST(Projection, CutsWhatItCannotReach) {
 }
 
 TEST(Projection, ChecksAndNormalizesPlaces) {
-    class Input {
-    public:
-        float lat, lon;
-        int result;
-        float lon_after;
-    };
-    const Input inputs[] = {
-        {40, 3600, 1, 0},   {40, 3601, 0, 3601},   {40, -190, 1, 170},
-        {40, 180, 1, 180},  {40, -180, 1, -180},   {91, 0, 0, 0},
-        {-90.5f, 0, 0, 0},  {NAN, 0, 0, 0},        {40, INFINITY, 0, INFINITY},
-        {-9999, 10, 1, 10}, {40, -9999, 1, -9999},
-    };
     const Domain domain = domainOf("ll:0:0,0,0");
-    for (const Input& in : inputs) {
-        EarthPoint earth(in.lat, in.lon);
+    for (const Row& in : readTable("earth/places.txt")) {
+        const float lat = in.number("lat"), lon = in.number("lon");
+        EarthPoint earth(lat, lon);
         Point p(1, 1);
-        EXPECT_EQ(domain.tran(earth, p), in.result) << in.lat << ' ' << in.lon;
-        EXPECT_EQ(earth.lon, in.lon_after);
-        const bool shown = in.result == 1 && in.lat != Const::MISS && in.lon != Const::MISS;
-        EXPECT_EQ(p.x != Const::MISS, shown) << in.lat << ' ' << in.lon;
+        EXPECT_EQ(domain.tran(earth, p), in.integer("result")) << lat << ' ' << lon;
+        EXPECT_EQ(earth.lon, in.number("lon_after"));
+        const bool shown = in.integer("result") == 1 && lat != Const::MISS && lon != Const::MISS;
+        EXPECT_EQ(p.x != Const::MISS, shown) << lat << ' ' << lon;
     }
 }
 

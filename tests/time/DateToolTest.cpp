@@ -47,24 +47,7 @@ TEST(DateTool, ZoneTexts) {
 }
 
 TEST(DateTool, ReadsHeaderTexts) {
-    const struct {
-        const char* text;
-        const char* date;
-    } cases[] = {
-        {"18Z 12 JAN 07", "18Z 12 JAN 2007"},
-        {"18Z 12 JAN 1962", "18Z 12 JAN 1962"},
-        {"06Z  2 dec 99", "06Z  2 DEC 1999"},
-        {"1830Z 12 JAN 2007", "18:30Z 12 JAN 2007"},
-        {"Surface 1830Z 12 JAN 07", "18:30Z 12 JAN 2007"},
-        {" 630Z 12 JAN 2007", "06:30Z 12 JAN 2007"},
-        {"18:30:15Z 12 JAN 2007", "18:30:15Z 12 JAN 2007"},
-        {"Data 18:30:15Z 12 JAN 07", "18:30:15Z 12 JAN 2007"},
-        {"12 hour valid 06Z SAT 13 JAN 07", "06Z 13 JAN 2007"},
-        {"Mean of 12 JAN 2007", "12 JAN 2007"},
-        {"Surface reports", "XX XXX XXXX"},
-        {"", "XX XXX XXXX"},
-        {nullptr, "XX XXX XXXX"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(read(c.text), c.date) << (c.text ? c.text : "null");
+    for (const Row& c : readTable("time/header_texts.txt"))
+        EXPECT_EQ(read(c.text("text")), c.text("date")) << c.text("text");
+    EXPECT_EQ(read(nullptr), "XX XXX XXXX");
 }

@@ -46,33 +46,18 @@ protected:
 };
 
 TEST_F(FilenameCase, MeaningOfAnInput) {
-    const std::string path = dir.path + "/2007011211.dat";
-    const struct {
-        std::string text;
-        const char* name;
-        bool fixed, exists;
-        const char* base;
-    } cases[] = {
-        {"la", "2007011216.dat", false, true, "20070112_1600"},
-        {"LA-5", "2007011211.dat", false, true, "20070112_1100"},
-        {"cu", "2007011218.dat", false, false, "20070112_1800"},
-        {"cu-7", "2007011211.dat", false, true, "20070112_1100"},
-        {"CU=2", "2007011216.dat", false, true, "20070112_1600"},
-        {"#2007011211", "2007011211.dat", false, true, "20070112_1100"},
-        {"2007011211.dat", "2007011211.dat", false, true, "20070112_1100"},
-        {path, "2007011211.dat", false, true, "20070112_1100"},
-        {"@la", "la", true, false, nullptr},
-        {"STD", "-", true, true, nullptr},
-        {"foo.dat", "foo.dat", true, false, nullptr},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("time/inputs.txt")) {
+        SCOPED_TRACE(c.text("text"));
         files.hdr.set("header");
-        EXPECT_EQ(files.setFile(c.text.c_str()), c.exists) << c.text;
-        EXPECT_EQ(name(), c.name) << c.text;
-        EXPECT_EQ(files.isFixed(), c.fixed) << c.text;
-        EXPECT_FALSE(files.validHeader()) << c.text;
-        if (c.base) {
-            EXPECT_EQ(write(files.base_date), c.base) << c.text;
+        std::string text = c.text("text");
+        if (text[0] == '%')
+            text.replace(0, 1, dir.path);
+        EXPECT_EQ(files.setFile(text.c_str()), c.integer("exists"));
+        EXPECT_EQ(name(), c.text("name"));
+        EXPECT_EQ(files.isFixed(), c.integer("fixed"));
+        EXPECT_FALSE(files.validHeader());
+        if (*c.text("base")) {
+            EXPECT_EQ(write(files.base_date), c.text("base"));
         }
     }
 }
