@@ -2,6 +2,7 @@
 
 #include "ORV/Format.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <cfloat>
@@ -12,23 +13,10 @@
 using namespace ORV;
 
 TEST(Scan, TakesTheLongestDecimalNumber) {
-    const struct {
-        const char* text;
-        int used;
-        double value;
-    } cases[] = {
-        {"0.5eta", 3, 0.5}, {"2e", 1, 2},          {"2e+", 1, 2},
-        {"1e-2x", 4, 0.01}, {"  -3.25", 7, -3.25}, {"+4", 2, 4},
-        {".5", 2, 0.5},     {"5.", 2, 5},          {"1.2.3", 3, 1.2},
-        {"inf", 0, -1},     {"nan", 0, -1},        {"-", 0, -1},
-        {".", 0, -1},       {"0x10", 1, 0},        {"", 0, -1},
-        {"--1", 0, -1},     {"1e999", 5, DBL_MAX}, {"-1e999", 6, -DBL_MAX},
-        {"1e-999", 6, 0},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("frame/numbers.txt")) {
         double value = -1;
-        EXPECT_EQ(Scan::number(c.text, value), c.used) << c.text;
-        EXPECT_EQ(value, c.value) << c.text;
+        EXPECT_EQ(Scan::number(c.text("text"), value), c.integer("used")) << c.text("text");
+        EXPECT_EQ(value, c.real("value")) << c.text("text");
     }
     double value = 0;
     EXPECT_EQ(Scan::number("12345", value, 3), 3);
@@ -91,22 +79,10 @@ TEST(Scan, ReadsRecords) {
 }
 
 TEST(Format, AcceptsTheExpectedConversionsOnly) {
-    const struct {
-        const char *format, *kinds;
-        bool fits;
-    } cases[] = {
-        {"%.0f", "f", true},      {"%5.1f mb", "f", true},   {"%lf", "f", true},
-        {"%g%%", "f", true},      {"%d", "f", false},        {"%s", "f", false},
-        {"%n", "f", false},       {"%*f", "f", false},       {"%1$f", "f", false},
-        {"%f%f", "f", false},     {"none", "f", false},      {"%", "f", false},
-        {"%9999f", "f", false},   {"%.9999f", "f", false},   {"%-+08.2e", "f", true},
-        {"plain", "", true},      {"100%%", "", true},       {"100%", "", false},
-        {"%s at %d", "sd", true}, {"%d at %s", "sd", false}, {"%ld", "l", true},
-        {"%ld", "d", false},      {"%ls", "s", false},       {"%Lf", "f", false},
-        {nullptr, "", false},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(Format::check(c.format, c.kinds), c.fits) << (c.format ? c.format : "(null)");
+    for (const Row& c : readTable("frame/formats.txt"))
+        EXPECT_EQ(Format::check(c.text("format"), c.text("kinds")), c.integer("fits"))
+            << c.text("format");
+    EXPECT_FALSE(Format::check(nullptr, ""));
 }
 
 TEST(Format, WritesOrLeavesTheTextEmpty) {

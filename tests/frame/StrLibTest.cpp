@@ -1,10 +1,8 @@
 #include "ORV/StrLib.h"
 
-#include "ORV/Const.h"
-
+#include "Table.h"
 #include <gtest/gtest.h>
 
-#include <climits>
 #include <cstring>
 #include <memory>
 
@@ -36,26 +34,9 @@ TEST(StrLib, CopiesAreCutAndTerminated) {
 }
 
 TEST(StrLib, ReadsDecimalNumbersOnly) {
-    const struct {
-        const char* text;
-        int whole;
-        float number;
-    } cases[] = {
-        {"12abc", 12, 12},
-        {"-7", -7, -7},
-        {".5", Const::MISS, 0.5f},
-        {"-.25x", Const::MISS, -0.25f},
-        {"0x1F", 0, 0},
-        {"inf", Const::MISS, Const::MISS},
-        {"nan", Const::MISS, Const::MISS},
-        {" 3", Const::MISS, Const::MISS},
-        {"", Const::MISS, Const::MISS},
-        {"99999999999999999999", INT_MAX, 1e20f},
-        {"-99999999999999999999", INT_MIN, -1e20f},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(StrLib::getInt(c.text), c.whole) << c.text;
-        EXPECT_EQ(StrLib::getFloat(c.text), c.number) << c.text;
+    for (const Row& c : readTable("frame/decimals.txt")) {
+        EXPECT_EQ(StrLib::getInt(c.text("text")), c.integer("whole")) << c.text("text");
+        EXPECT_EQ(StrLib::getFloat(c.text("text")), c.number("number")) << c.text("text");
     }
     EXPECT_EQ(StrLib::toInt("lev 850", 3), 850);
     EXPECT_EQ(StrLib::toInt("abc", 0), 0);
@@ -64,21 +45,10 @@ TEST(StrLib, ReadsDecimalNumbersOnly) {
 }
 
 TEST(StrLib, ChecksByPattern) {
-    const struct {
-        const char *text, *pattern;
-        bool matches;
-    } cases[] = {
-        {"AB12", "aadd", true},  {"AB1", "aadd", false},
-        {"AB123", "aadd", true}, {"", "", true},
-        {"x", "", true},         {"", "c", false},
-        {"KORD", "uuuu", true},  {"KORd", "uuuu", false},
-        {"a1.", "AAp", true},    {"b3", "[abc][0123]", true},
-        {"d3", "[abc]d", false}, {"x", "[]", false},
-        {" \t", "bs", true},     {"\x01z", "cg", true},
-        {"1-2", "d-d", true},    {"1+2", "d-d", false},
-        {"\xE9", "a", false},    {"b", "[ab", true},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(StrLib::check(c.text, c.pattern), c.matches) << c.text << " by " << c.pattern;
+    for (const Row& c : readTable("frame/patterns.txt"))
+        EXPECT_EQ(StrLib::check(c.text("text"), c.text("pattern")), c.integer("matches"))
+            << c.text("text") << " by " << c.text("pattern");
+    EXPECT_TRUE(StrLib::check("\x01z", "cg"));
+    EXPECT_FALSE(StrLib::check("\xE9", "a"));
     EXPECT_FALSE(StrLib::check(nullptr, ""));
 }

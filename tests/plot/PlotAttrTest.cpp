@@ -34,20 +34,10 @@ TEST(AttributeText, SetsWhatItNames) {
 }
 
 TEST(AttributeWords, NameFillsAndMarks) {
-    const struct {
-        const char* text;
-        int fill;
-    } fills[] = {{"sol", 0},  {"ST", 1},  {"ost", 2}, {"rst", 3}, {"lst", 4},  {"||", 5},
-                 {"\\\\", 6}, {"//", 7},  {"--", 8},  {"XX", 9},  {"0%", 10},  {"9%", 19},
-                 {"12", 12},  {"-3", -3}, {"?", 0},   {"", 0},    {nullptr, 0}};
-    for (const auto& c : fills)
-        EXPECT_EQ(PlotAttr::parseFillStyle(c.text), c.fill) << (c.text ? c.text : "null");
-    const struct {
-        const char* text;
-        int mark;
-    } marks[] = {{".", 1},      {"Plus", 2},     {"*", 3}, {"o", 4},    {"circle", 4},
-                 {"X", 5},      {"#", 6},        {"^", 7}, {"dot", 8},  {"v", 9},
-                 {"light", 10}, {"nonsense", 2}, {"", 2},  {nullptr, 2}};
-    for (const auto& c : marks)
-        EXPECT_EQ(PlotAttr::parseMarker(c.text), c.mark) << (c.text ? c.text : "null");
+    for (const Row& c : readTable("plot/fill_words.txt"))
+        EXPECT_EQ(PlotAttr::parseFillStyle(c.text("text")), c.integer("fill")) << c.text("text");
+    for (const Row& c : readTable("plot/mark_words.txt"))
+        EXPECT_EQ(PlotAttr::parseMarker(c.text("text")), c.integer("mark")) << c.text("text");
+    EXPECT_EQ(PlotAttr::parseFillStyle(nullptr), 0);
+    EXPECT_EQ(PlotAttr::parseMarker(nullptr), 2);
 }

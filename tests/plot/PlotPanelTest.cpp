@@ -1,35 +1,22 @@
 #include "PlotFixture.h"
+#include "Table.h"
 
 using namespace ORV;
 
 namespace {
 
 TEST(PlotPanelText, CellsAndFractions) {
-    const struct {
-        const char* text;
-        int result;
-        float x, y, width, height;
-    } rows[] = {
-        // Cells count from the upper left, fractions from the lower left.
-        {"2x2+1+1", 1, 0.5f, 0, 0.5f, 0.25f},
-        {"0.5x0.5+0.5+0", 1, 0.5f, 0, 0.5f, 0.25f},
-        {"2x2", 1, 0, 0.25f, 0.5f, 0.25f},
-        {"10x1+7+0", 1, 0.875f, 0, 0.125f, 0.5f},
-        {"1x1", 1, 0, 0, 1, 0.5f},
-        {"2", 0, 0, 0, 1, 0.5f},
-        {"2x2+1", 0, 0, 0, 1, 0.5f},
-        {"-1x2+0+0", 0, 0, 0, 1, 0.5f},
-        {"", 0, 0, 0, 1, 0.5f},
-        {nullptr, 0, 0, 0, 1, 0.5f},
-    };
-    for (const auto& row : rows) {
-        GeomBox box;
-        EXPECT_EQ(Plot::decodePanelStr(Rect(0, 0, 1, 0.5f), row.text, box), row.result) << row.text;
-        EXPECT_FLOAT_EQ(box.x, row.x) << row.text;
-        EXPECT_FLOAT_EQ(box.y, row.y) << row.text;
-        EXPECT_FLOAT_EQ(box.width, row.width) << row.text;
-        EXPECT_FLOAT_EQ(box.height, row.height) << row.text;
+    GeomBox box;
+    for (const Row& row : readTable("plot/panels.txt")) {
+        SCOPED_TRACE(row.text("text"));
+        EXPECT_EQ(Plot::decodePanelStr(Rect(0, 0, 1, 0.5f), row.text("text"), box),
+                  row.integer("result"));
+        EXPECT_FLOAT_EQ(box.x, row.number("x"));
+        EXPECT_FLOAT_EQ(box.y, row.number("y"));
+        EXPECT_FLOAT_EQ(box.width, row.number("width"));
+        EXPECT_FLOAT_EQ(box.height, row.number("height"));
     }
+    EXPECT_EQ(Plot::decodePanelStr(Rect(0, 0, 1, 0.5f), nullptr, box), 0);
 }
 
 void expectRect(const Rect& rect, float xmin, float ymin, float xmax, float ymax) {
