@@ -21,6 +21,13 @@ std::string text(const std::vector<std::vector<Point>>& shapes) {
     return all;
 }
 
+EarthPoints through(const std::vector<EarthPoint>& places) {
+    EarthPoints line;
+    for (const EarthPoint& place : places)
+        line.add(place);
+    return line;
+}
+
 Points toPolygon(const std::vector<Point>& shape) {
     Points polygon;
     for (const Point& point : shape)
@@ -46,10 +53,7 @@ TEST_F(PlotTest, LinesOverTheDateLineShowOnBothSides) {
     };
     for (const auto& row : rows) {
         show(world);
-        EarthPoints line;
-        for (const EarthPoint& place : row.line)
-            line.add(place);
-        plot.drawLine(line);
+        plot.drawLine(through(row.line));
         EXPECT_EQ(text(lines()), row.drawn) << row.what;
     }
     show(world);
@@ -98,14 +102,11 @@ TEST_F(PlotTest, NothingRunsAcrossAnyMap) {
 
 TEST_F(PlotTest, MollweideLinesStayInTheEllipse) {
     show("moll:0:0,0,0,101,51,3,3");
-    EarthPoints line, box;
+    EarthPoints line;
     for (int lat = 50; lat <= 80; lat += 2)
         line.add(static_cast<float>(lat), lat % 4 ? 165.0f : -165.0f);
-    for (const EarthPoint& corner : {EarthPoint(50, 160), EarthPoint(70, 160), EarthPoint(70, -160),
-                                     EarthPoint(50, -160), EarthPoint(50, 160)})
-        box.add(corner);
     plot.drawLine(line);
-    plot.drawFill(box);
+    plot.drawFill(through({{50, 160}, {70, 160}, {70, -160}, {50, -160}, {50, 160}}));
     EXPECT_GE(lines().size(), 8u);
     EXPECT_EQ(fills().size(), 2u);
     for (const auto& shapes : {lines(), fills()})
@@ -116,11 +117,7 @@ TEST_F(PlotTest, MollweideLinesStayInTheEllipse) {
 
 TEST_F(PlotTest, PolygonOverTheDateLineIsFilledOnBothSides) {
     show(world);
-    EarthPoints box;
-    for (const EarthPoint& corner : {EarthPoint(0, 170), EarthPoint(10, 170), EarthPoint(10, -170),
-                                     EarthPoint(0, -170), EarthPoint(0, 170)})
-        box.add(corner);
-    plot.drawFill(box);
+    plot.drawFill(through({{0, 170}, {10, 170}, {10, -170}, {0, -170}, {0, 170}}));
     EXPECT_EQ(text(fills()), "170,0 170,10 190,10 190,0 170,0 / "
                              "-190,0 -190,10 -170,10 -170,0 -190,0 / ");
 }
@@ -147,14 +144,12 @@ TEST_F(PlotTest, RingAroundAPoleIsFilledUpToIt) {
 
 // What lies around the far pole must not paint the map that it surrounds.
 TEST_F(PlotTest, PolygonAroundTheFarEndLeavesTheMap) {
-    EarthPoints far_ring, near_ring, asia;
+    EarthPoints far_ring, near_ring;
     for (int lon = 0; lon < 360; lon += 5) {
         far_ring.add(-50, static_cast<float>(lon));
         near_ring.add(70, static_cast<float>(lon));
     }
-    for (const EarthPoint& corner :
-         {EarthPoint(20, 60), EarthPoint(60, 60), EarthPoint(60, 100), EarthPoint(20, 100)})
-        asia.add(corner);
+    EarthPoints asia = through({{20, 60}, {60, 60}, {60, 100}, {20, 100}});
     const struct {
         const char* domain;
         double cap; // area of the ring around 70 north, on the plane of the map
@@ -198,7 +193,7 @@ TEST_F(PlotTest, PolygonAroundTheFarEndLeavesTheMap) {
 // What a hemisphere shows from space: half the disc, and the half ellipse of its edge.
 TEST_F(PlotTest, PolygonBehindTheLimbIsFilledAlongIt) {
     show("ortho:30:0,30,0,61,61,2.2,2.2");
-    EarthPoints equator, hidden;
+    EarthPoints equator;
     for (int lon = 0; lon <= 360; lon += 5)
         equator.add(0, static_cast<float>(lon));
     plot.drawFill(equator);
@@ -206,10 +201,7 @@ TEST_F(PlotTest, PolygonBehindTheLimbIsFilledAlongIt) {
     EXPECT_NEAR(area(fills()[0]), pi * earth * earth / 2 * (1 + std::sin(30 * pi / 180)), 100);
     device->take();
 
-    for (const EarthPoint& corner :
-         {EarthPoint(-60, 170), EarthPoint(-50, 170), EarthPoint(-50, -170), EarthPoint(-60, 170)})
-        hidden.add(corner);
-    EXPECT_EQ(plot.drawFill(hidden), 0);
+    EXPECT_EQ(plot.drawFill(through({{-60, 170}, {-50, 170}, {-50, -170}, {-60, 170}})), 0);
     EXPECT_EQ(device->take(), "");
 
     // From a satellite the limb is 81.3 degrees away: its scan angle has the sine R / orbit.

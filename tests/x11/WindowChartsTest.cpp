@@ -2,10 +2,7 @@
 #include "XFixture.h"
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 
@@ -22,12 +19,6 @@ protected:
             {"-dr", "all", "-va", "station", "-pd", "oklahoma", "-nh", hours, "-de", "w,show_num"},
             {{"orvcurtime", now}});
     }
-    // The frame that the title tells, -1 for none.
-    int getShown(unsigned long window) {
-        int frame = -1;
-        std::sscanf(getTitle(window).c_str(), "%*[^[][%d]", &frame);
-        return frame;
-    }
     // Processor time that a process took, in seconds, and the memory that it holds, in pages.
     static double getSeconds(int pid) {
         std::ifstream in("/proc/" + std::to_string(pid) + "/stat");
@@ -43,20 +34,6 @@ protected:
         long total = 0, resident = 0;
         in >> total >> resident;
         return resident;
-    }
-    // The example hour under another date.
-    void copyHour(long time) {
-        const std::time_t seconds = time;
-        std::tm utc = {};
-        gmtime_r(&seconds, &utc);
-        char name[40], header[40];
-        std::strftime(name, sizeof name, "/%Y%m%d%H_sfc.cvt", &utc);
-        std::strftime(header, sizeof header, "%HZ %d %b %y", &utc);
-        std::ifstream in(ORV_DATA "/../examples/2025012722_sfc.cvt");
-        std::ofstream out(directory + name);
-        std::string line;
-        for (int i = 0; std::getline(in, line); i++)
-            out << (i == 1 ? header : line) << "\n";
     }
 };
 } // namespace
@@ -89,8 +66,13 @@ TEST_F(WindowCharts, TwoRealHoursAlternate) {
 }
 
 TEST_F(WindowCharts, LoopOfADayStepsWithoutDrawing) {
+    std::ifstream example(ORV_DATA "/../examples/2025012722_sfc.cvt");
+    std::string reports;
+    std::getline(example, reports); // the first line and the date
+    std::getline(example, reports);
+    std::getline(example, reports, '\0');
     for (int i = 0; i < 24; i++)
-        copyHour(noon - i * hour);
+        writeReports(noon - i * hour, reports);
     const auto tool = startCharts("23", "202501271230");
     const unsigned long window = findWindow();
     ASSERT_TRUE(eventually([&] { return getShown(window) == 23; }, patience));

@@ -84,37 +84,25 @@ TEST_F(WindowKeys, ZoomAndPanCentreThePointerAndBackRestoresThePicture) {
     ASSERT_EQ(start.size(), 2u);
 
     // Denver is 1260 km from Little Rock, so both stay on a map of half the size of the US.
-    press(window, start[0].first, start[0].second, "key alt+z");
-    ASSERT_TRUE(eventually([&] { return !(look(window) == first); }));
-    pause(0.5);
-    Picture picture = look(window);
-    auto marks = picture.findMarks();
-    ASSERT_EQ(marks.size(), 2u);
-    expectCentred(picture, marks[0]);
-    EXPECT_NEAR(distance(marks), 2 * distance(start), 3);
+    Picture picture = first;
+    auto marks = start;
+    const auto go = [&](int mark, const char* key, double scale) {
+        const Picture before = picture;
+        press(window, marks[mark].first, marks[mark].second, key);
+        ASSERT_TRUE(eventually([&] { return !(look(window) == before); }));
+        pause(0.5);
+        picture = look(window);
+        marks = picture.findMarks();
+        ASSERT_EQ(marks.size(), 2u) << key;
+        expectCentred(picture, marks[mark]);
+        EXPECT_NEAR(distance(marks), scale * distance(start), 3) << key;
+    };
+    go(0, "key alt+z", 2);
     const Position den = query(*tool, window, marks[0].first, marks[0].second);
     EXPECT_NEAR(den.lat, den_lat, 0.1);
     EXPECT_NEAR(den.lon, den_lon, 0.1);
-
-    Picture before = picture;
-    press(window, marks[1].first, marks[1].second, "key alt+p");
-    ASSERT_TRUE(eventually([&] { return !(look(window) == before); }));
-    pause(0.5);
-    picture = look(window);
-    marks = picture.findMarks();
-    ASSERT_EQ(marks.size(), 2u);
-    expectCentred(picture, marks[1]);
-    EXPECT_NEAR(distance(marks), 2 * distance(start), 3);
-
-    before = picture;
-    press(window, marks[1].first, marks[1].second, "key alt+shift+z");
-    ASSERT_TRUE(eventually([&] { return !(look(window) == before); }));
-    pause(0.5);
-    picture = look(window);
-    marks = picture.findMarks();
-    ASSERT_EQ(marks.size(), 2u);
-    expectCentred(picture, marks[1]);
-    EXPECT_NEAR(distance(marks), distance(start), 3);
+    go(1, "key alt+p", 2);
+    go(1, "key alt+shift+z", 1);
 
     press(window, 300, 300, "key alt+u");
     EXPECT_TRUE(eventually([&] { return look(window) == first; }));

@@ -27,13 +27,6 @@ protected:
         return startTool(options);
     }
 
-    // The number of the frame that the title tells, -1 for none.
-    int getShown(unsigned long window) {
-        int frame = -1;
-        std::sscanf(getTitle(window).c_str(), "%*[^[][%d]", &frame);
-        return frame;
-    }
-
     bool waitShown(unsigned long window, int frame) {
         return eventually([&] { return getShown(window) == frame; });
     }

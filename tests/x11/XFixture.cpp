@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -256,22 +257,28 @@ void XFixture::press(unsigned long window, double x, double y, const std::string
         std::to_string(top + std::lround(y)) + " " + what);
 }
 
+int XFixture::getShown(unsigned long window) {
+    int frame = -1;
+    std::sscanf(getTitle(window).c_str(), "%*[^[][%d]", &frame);
+    return frame;
+}
+
 void XFixture::writeHour(long time, const std::vector<std::string>& stations) {
+    std::string reports;
+    for (const std::string& station : stations)
+        reports += station + " 320 280 1107 2 -99 7.0 15S - @2149 $\n";
+    writeReports(time, reports);
+}
+
+void XFixture::writeReports(long time, const std::string& reports) {
     const std::time_t seconds = time;
     std::tm utc = {};
     gmtime_r(&seconds, &utc);
     char name[40], header[40];
     std::strftime(name, sizeof name, "/%Y%m%d%H_sfc.cvt", &utc);
-    std::strftime(header, sizeof header, "%HZ %d %b %y", &utc);
+    std::strftime(header, sizeof header, "ORVSFC\n%HZ %d %b %y\n", &utc);
     // Written aside and moved into place, as a feed of data does it.
-    const std::string aside = directory + "/part";
-    {
-        std::ofstream file(aside);
-        file << "ORVSFC\n" << header << "\n";
-        for (const std::string& station : stations)
-            file << station << " 320 280 1107 2 -99 7.0 15S - @2149 $\n";
-    }
-    std::filesystem::rename(aside, directory + name);
+    std::filesystem::rename(dir.write("part", header + reports), directory + name);
 }
 
 } // namespace ORV

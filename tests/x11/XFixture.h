@@ -80,6 +80,8 @@ protected:
     unsigned long waitForMarks(std::size_t marks);
     Picture look(unsigned long window);
     std::string getTitle(unsigned long window);
+    /// The number of the frame that the title tells, -1 for none.
+    int getShown(unsigned long window);
     /// Where the window's upper left corner is on the screen.
     std::pair<int, int> getPlace(unsigned long window);
 
@@ -91,6 +93,7 @@ protected:
 
     /// Writes an hour file with a mark at each of these stations.
     void writeHour(long time, const std::vector<std::string>& stations);
+    void writeReports(long time, const std::string& reports);
 
     static inline const Process::Settings half_past_noon = {{"orvcurtime", "202501271230"}};
 
