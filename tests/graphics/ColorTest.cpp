@@ -1,6 +1,7 @@
 #include "ORV/ColorFile.h"
 #include "ORV/Orv.h"
 
+#include "Table.h"
 #include "TempDir.h"
 #include <gtest/gtest.h>
 
@@ -31,18 +32,9 @@ TEST(ColorNames, GiveIndexes) {
     ColorMap map;
     map.add("red", 1, 0, 0);
     map.add("sky", 0.5f, 0.7f, 1);
-    const struct {
-        const char* name;
-        int ind;
-    } cases[] = {
-        {"red", 0},        {"SKY", 1},     {nullptr, -9999}, {"", -9999},
-        {"End", -2},       {"none", -1},   {"OFF", -1},      {"back", -1},
-        {"pblk", 500},     {"ptgry", 508}, {"12", 12},       {"1sky", 1},
-        {"fog", -1},       {"#ff0000", 2}, {"#FF0000", 2},   {"#ff0000", 2},
-        {"#255128000", 3}, {"#ff00", -1},  {"#gg0000", -1},  {"99999999999999", 2147483647},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(map.getInd(c.name), c.ind) << (c.name ? c.name : "null");
+    for (const Row& c : readTable("graphics/color_names.txt"))
+        EXPECT_EQ(map.getInd(c.text("name")), c.integer("ind")) << c.text("name");
+    EXPECT_EQ(map.getInd(nullptr), Const::MISS);
     expectColor(map, "#255128000", 1, 128 / 255.0f, 0);
     map.add("12", 0, 0, 0);
     EXPECT_EQ(map.getInd("12"), 4);

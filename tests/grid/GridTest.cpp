@@ -4,6 +4,7 @@
 #include "ORV/GridSpec.h"
 #include "ORV/Range.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -42,24 +43,9 @@ TEST(Grid, RowsRunFromTheTop) {
 
 TEST(Grid, BilinearBetweenPoints) {
     const Grid grid = makeGrid();
-    const struct {
-        float gx, gy, value;
-        const char* what;
-    } cases[] = {
-        {0, 0, 0, "a corner"},
-        {0.5F, 0, 5, "along a row"},
-        {0.25F, 0.5F, 63.75F, "0.5 * (0.75 * 0 + 0.25 * 10) + 0.5 * (0.75 * 100 + 0.25 * 200)"},
-        {2, 0.25F, 115, "along the last column"},
-        {1.5F, 1, 300, "along the last row"},
-        {2, 1, 400, "the last point"},
-        {-0.001F, 0, Const::MISS, "to the left"},
-        {2.001F, 0, Const::MISS, "to the right"},
-        {0, 1.001F, Const::MISS, "below"},
-        {std::nanf(""), 0, Const::MISS, "nowhere"},
-        {0, inf, Const::MISS, "far away"},
-    };
-    for (const auto& c : cases)
-        EXPECT_FLOAT_EQ(grid.getValue(GridPoint(c.gx, c.gy)), c.value) << c.what;
+    for (const Row& c : readTable("grid/between_points.txt"))
+        EXPECT_FLOAT_EQ(grid.getValue(GridPoint(c.number("gx"), c.number("gy"))), c.number("value"))
+            << c.text("what");
 }
 
 TEST(Grid, AnyMissingCornerMakesMissing) {

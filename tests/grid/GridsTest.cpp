@@ -7,6 +7,7 @@
 #include "ORV/Orv.h"
 #include "ORV/VarList.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -22,34 +23,17 @@ protected:
 };
 
 /// A key from time, level type, level and variable.
-GridSpec makeSpec(int time, int ltype, int level, int var) {
+GridSpec makeSpec(const std::vector<float>& key) {
     GridSpec spec;
-    spec.set(Const::MISS, Const::MISS, time, ltype, level, var);
+    spec.set(Const::MISS, Const::MISS, key[0], key[1], key[2], key[3]);
     return spec;
 }
 
 TEST(GridSpec, Matching) {
-    constexpr int none = Const::MISS;
-    const struct {
-        GridSpec a, b;
-        bool equal;
-        const char* what;
-    } cases[] = {
-        {makeSpec(12, 100, 500, 7), makeSpec(12, 100, 500, 7), true, "all the same"},
-        {makeSpec(12, 100, 500, 7), GridSpec(), true, "nothing asked"},
-        {makeSpec(12, 100, 500, 7), makeSpec(18, 100, 500, 7), false, "time"},
-        {makeSpec(4000006, 1, 0, 61), makeSpec(4003006, 1, 0, 61), false, "start of a period"},
-        {makeSpec(4799006, 1, 0, 61), makeSpec(4003006, 1, 0, 61), true, "start not given"},
-        {makeSpec(2000006, 1, 0, 61), makeSpec(4003006, 1, 0, 61), true, "kinds differ: the end"},
-        {makeSpec(9000006, 1, 0, 61), makeSpec(9000007, 1, 0, 61), false, "any kind: the end"},
-        {makeSpec(12, 100, 500, 7), makeSpec(12, 103, 500, 7), false, "level type"},
-        {makeSpec(12, 100, 500, 7), makeSpec(12, 100, 700, 7), false, "level"},
-        {makeSpec(12, none, 500, 7), makeSpec(12, 100, 700, 7), true, "a level without type"},
-        {makeSpec(12, 100, 500, 7), makeSpec(12, 100, 500, 11), false, "variable"},
-        {makeSpec(12, 100, 500, none), makeSpec(12, 100, 500, 11), true, "any variable"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(GridSpec::equal(c.a, c.b), c.equal) << c.what;
+    for (const Row& c : readTable("grid/keys.txt"))
+        EXPECT_EQ(GridSpec::equal(makeSpec(c.numbers("a")), makeSpec(c.numbers("b"))),
+                  c.integer("equal"))
+            << c.text("what");
 
     GridSpec a, b;
     a.setVar(7);

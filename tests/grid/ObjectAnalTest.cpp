@@ -5,6 +5,7 @@
 #include "ORV/Grids.h"
 #include "ORV/Orv.h"
 
+#include "Table.h"
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -128,34 +129,12 @@ Grids makeRow() {
 }
 
 TEST(ObjectAnal, EqualsThePlainWalkBitForBit) {
-    const char* domains[] = {
-        "ll,40,-100,37,29,1,1",
-        "ll,40,-100,40,23,0.7,1.3",
-        "ps:-100,45,-95,61,47,0.9,0.9",
-        "lc:-100,45,-95,33,50,1.3,0.6",
-        "xy,0,0,1,40,1,1",
-        "xy,0,0,40,1,2.5,1",
-        "xy,0,0,1,1,1,1",
-        "xy,0,0,23,19,1e-22,1e-22",
-        "xy,0,0,23,19,1e15,1e15",
-    };
-    const char* settings[] = {
-        "filter=1",
-        "pass=2",
-        "pass=4,filter=2.5,rad_inf=5,conv=0.37",
-        "pass=2,min_sta=4,rad_inf=6",
-        "pass=2,miss=3.5",
-        "pass=3,rad_inf=0.8",
-        "pass=2,rad_inf=1000,filter=40",
-        "pass=2,rad_inf=-4",
-        "pass=2,rad_inf=7,filter=0.02",
-        "pass=2,rad_inf=30,filter=0.9",
-        "rad_inf=1e30,filter=1e3",
-    };
     unsigned seed = 1;
-    for (const char* text : domains)
-        for (const char* setting : settings)
+    for (const Row& row : readTable("grid/analysis_domains.txt"))
+        for (const Row& analysis : readTable("grid/analysis_settings.txt"))
             for (const bool guess : {false, true}) {
+                const char* text = row.text("domain");
+                const char* setting = analysis.text("setting");
                 const Domain domain(text);
                 const Data table = makeTable(domain, 60, seed++);
                 Grids grids;
@@ -269,27 +248,12 @@ TEST(ObjectAnal, ConstantsAndMissingDomainsStay) {
 }
 
 TEST(ObjectAnal, ValuesBeyondTheUsual) {
-    const struct {
-        float first, second;
-        const char* params;
-        float left, middle;
-        const char* what;
-    } cases[] = {
-        {inf, 30, "rad_inf=2", inf, inf, "infinite"},
-        {inf, -inf, "rad_inf=2", inf, Const::MISS, "no number comes out"},
-        {inf, 1, "rad_inf=2,pass=2", Const::MISS, inf, "no residual of infinity"},
-        {3e38F, 3e38F, "rad_inf=2", 3e38F, 3e38F, "huge"},
-        {Const::MISS, Const::MISS, "", Const::MISS, Const::MISS, "all missing"},
-        {Const::MISS, 30, "miss=0,rad_inf=1", 0, 0, "missing values count as 0"},
-        {10, 30, "filter=0", Const::MISS, Const::MISS, "no weight at all"},
-        {10, 10, "rad_inf=2,pass=2000000000,conv=1", 10, 10, "endless passes"},
-    };
-    for (const auto& c : cases) {
+    for (const Row& c : readTable("grid/unusual_values.txt")) {
         Grids grids = makeRow();
-        ObjectAnal oa(c.params);
-        oa.compute(makePair(c.first, c.second), grids);
-        EXPECT_EQ(grids.getValue(0, 0, 0), c.left) << c.what;
-        EXPECT_EQ(grids.getValue(0, 1, 0), c.middle) << c.what;
+        ObjectAnal oa(c.text("params"));
+        oa.compute(makePair(c.number("first"), c.number("second")), grids);
+        EXPECT_EQ(grids.getValue(0, 0, 0), c.number("left")) << c.text("what");
+        EXPECT_EQ(grids.getValue(0, 1, 0), c.number("middle")) << c.text("what");
     }
 }
 

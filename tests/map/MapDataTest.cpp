@@ -2,6 +2,7 @@
 #include "ORV/MapFile.h"
 
 #include "MapFixture.h"
+#include "Table.h"
 
 #include <numeric>
 
@@ -9,26 +10,6 @@ namespace ORV {
 namespace {
 
 constexpr double land_share = 0.292; // of the earth: 149 of 510 million square km
-
-const struct {
-    const char* domain;
-    double earth; // on an equal-area map, in areas of the sphere, else 0
-} worlds[] = {
-    {"ps:90:-100:60,90,0,61,61,6,6", 0},
-    {"ps:-90:0:-60,-90,0,61,61,6,6", 0},
-    {"ll:0:0,0,0,73,37,5,5", 0},
-    {"ll:0:180,0,180,73,37,5,5", 0},
-    {"merc:0:50,0,50,73,55,5.56,5.56", 0},
-    {"lamb:40:-100:25:60,20,-100,61,61,4.6,4.6", 0},
-    {"lamb:-30:30:-20:-50,-10,30,61,61,4.6,4.6", 0},
-    {"ortho:25:-95,25,-95,61,61,2.2,2.2", 0},
-    {"moll:0:0,0,0,73,37,3.6,3.6", 0.5},
-    {"moll:0:140,0,140,73,37,3.6,3.6", 0.5},
-    {"lambaz:30:-60,30,-60,61,61,4.4,4.4", 1},
-    {"lambaz:90:0,90,0,61,61,4.4,4.4", 1},
-    {"albers:40:-100:25:60,40,-100,61,61,6,6", 1},
-    {"sat:0:-75,0,-75,61,61,2,2", 0},
-};
 
 class MapDataTest : public MapTest {
 protected:
@@ -43,28 +24,31 @@ protected:
 };
 
 TEST_F(MapDataTest, NoLineRunsAcrossTheWorld) {
-    for (const auto& world : worlds) {
-        draw("orv.map[red],coast_low.map[red],border_low.map[red]", world.domain);
+    for (const Row& world : readTable("map/worlds.txt")) {
+        const char* domain = world.text("domain");
+        draw("orv.map[red],coast_low.map[red],border_low.map[red]", domain);
         const auto drawn = lines();
-        EXPECT_GT(drawn.size(), 400u) << world.domain;
+        EXPECT_GT(drawn.size(), 400u) << domain;
         // The longest steps of the coarse coast are some 5 degrees; maps stretch them at their rim.
         const double limit = plot.getProj() == 8 ? 0.16 : 0.09;
-        EXPECT_LT(longest(drawn), limit * plot.getDomVert()) << world.domain;
+        EXPECT_LT(longest(drawn), limit * plot.getDomVert()) << domain;
     }
 }
 
 TEST_F(MapDataTest, LandCoversAsMuchOfTheMapAsOfTheEarth) {
-    for (const auto& world : worlds) {
-        if (world.earth == 0)
+    for (const Row& world : readTable("map/worlds.txt")) {
+        const char* domain = world.text("domain");
+        if (world.real("earth") == 0)
             continue;
-        draw("land_low.map[red:fill]", world.domain);
+        draw("land_low.map[red:fill]", domain);
         const auto polygons = fills();
         const double land =
             std::accumulate(polygons.begin(), polygons.end(), 0.0,
                             [](double sum, const Shape& shape) { return sum + area(shape); });
         const double radius = Const::EARTH_MEAN;
-        EXPECT_NEAR(land / (4 * Const::PI * radius * radius * world.earth), land_share, 0.01)
-            << world.domain;
+        EXPECT_NEAR(land / (4 * Const::PI * radius * radius * world.real("earth")), land_share,
+                    0.01)
+            << domain;
     }
 }
 

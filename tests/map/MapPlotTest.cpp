@@ -69,21 +69,9 @@ TEST_F(MapPlotTest, SizePrefixesTestTheHeightOfTheDomain) {
 
 TEST_F(MapPlotTest, ConditionsChooseByTheCentreAndTheSize) {
     const char* inside = "ll:0:-100,40,-100,61,31,1,1";
-    const struct {
-        const char *list, *domain, *drawn;
-    } cases[] = {
-        {"[30,50,-130,-60],a.map,b.map,[],c.map", inside, "ab"},
-        {"[30,50,-130,-60],a.map,b.map,[],c.map", square, "c"},
-        {"[50,30,-60,-130],a.map", inside, "a"},             // ends in either order
-        {"[40,40,-100,-100],a.map", inside, "a"},            // bounds included
-        {"[30,50,-130,-60,29],a.map,[],b.map", inside, "b"}, // 30 high
-        {"[30,50,-130,-60,30],a.map", inside, "a"},
-        {"a.map,[0,1,0,1],b.map,[30,50,-130,-60],c.map", inside, "ac"},
-        {"[30,50,-130,-60],a.map,[],b.map,[],c.map", inside, "ac"}, // turned round twice
-        {"[],a.map", square, "a"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(draw(c.list, c.domain), c.drawn) << c.list;
+    for (const Row& c : readTable("map/conditions.txt"))
+        EXPECT_EQ(draw(c.text("list"), *c.text("domain") == 'i' ? inside : square), c.text("drawn"))
+            << c.text("list");
 
     MapPlot map;
     draw(map, "[30,50,-130,-60],a.map,[],b.map", inside);
