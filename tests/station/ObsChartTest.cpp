@@ -89,6 +89,15 @@ TEST_F(ObsChartTest, FunctionsReadTheirOwnOperands) {
     EXPECT_EQ(draw("dewp[C,ln],temp[C,ln]", 1), draw("dewp[C,ln]", 1) + lines);
 }
 
+// The units of a vector hold for both of its components: 5 knots are a half barb, 2.6 m/s none.
+TEST_F(ObsChartTest, BarbsCountInTheUnitsOfTheVector) {
+    const std::string knots = draw("<uwndg,vwndg>[knt,barb]", 1);
+    const std::string metres = draw("<uwndg,vwndg>[m/s,barb]", 1);
+    EXPECT_EQ(draw("<uwndg[knt],vwndg[knt]>[,barb]", 1), knots);
+    EXPECT_EQ(draw("<uwndg,vwndg>[,barb]", 1), metres);
+    EXPECT_GT(knots.size(), metres.size());
+}
+
 TEST_F(ObsChartTest, PlotTypeTurnsQuantitiesIntoGrids) {
     const std::string lines = draw("temp[C,ln]", 1);
     Orv::setResrc("plot_type", "ln");
