@@ -1,47 +1,20 @@
 #include "ORV/Filename.h"
 
-#include "ORV/Orv.h"
-
-#include "Table.h"
-#include "TempDir.h"
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <string>
+#include "TimeFixture.h"
 
 using namespace ORV;
 
-namespace {
-std::string write(const Date& date) {
-    String text;
-    date.toText("%Y%m%d_%H%M", text);
-    return text.get();
-}
-} // namespace
-
-/// Hourly files of 11 and 16 UTC; it is 18:30.
-class FilenameCase : public testing::Test {
+/// Hourly files of 11 and 16 UTC.
+class FilenameCase : public TimeFixture {
 protected:
-    void SetUp() override {
-        setenv("orvcurtime", "200701121830", 1);
+    FilenameCase() {
         Orv::putResrc("data_path", dir.path.c_str());
         dir.write("2007011216.dat", "data");
         dir.write("2007011211.dat", "data");
         files.setNameConv("@%D/%Y%m%d%h.dat");
     }
-    void TearDown() override {
-        unsetenv("orvcurtime");
-        Orv::resrc = before;
-        Orv::init_time = Const::MISS;
-    }
-    std::string name() const {
-        const std::string text = files.getName();
-        const std::size_t length = dir.path.size() + 1;
-        return text.compare(0, length, dir.path + "/") == 0 ? text.substr(length) : text;
-    }
+    std::string name() const { return shorten(files.getName()); }
 
-    TempDir dir;
-    Resrc before = Orv::resrc;
     Filename files;
 };
 

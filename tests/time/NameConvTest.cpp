@@ -1,19 +1,8 @@
-#include "ORV/NameConv.h"
-
-#include "ORV/Orv.h"
-
-#include "Table.h"
-#include "TempDir.h"
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <string>
+#include "TimeFixture.h"
 
 using namespace ORV;
 
 namespace {
-constexpr int miss = Const::MISS;
-
 std::string encode(const char* pattern, const Date& date) {
     NameConv conv((std::string("@") + pattern).c_str());
     conv.setExt("cvt");
@@ -23,18 +12,11 @@ std::string encode(const char* pattern, const Date& date) {
     conv.encodeFile(date, name);
     return name.get();
 }
-
-std::string write(const Date& date) {
-    String text;
-    date.toText("%Y%m%d_%H%M", text);
-    return text.get();
-}
 } // namespace
 
-class NameConvCase : public testing::Test {
+class NameConvCase : public TimeFixture {
 protected:
-    void SetUp() override {
-        setenv("orvcurtime", "200701121830", 1);
+    NameConvCase() {
         Orv::putResrc("file_path", dir.path.c_str());
         Orv::putResrc("con_path", dir.path.c_str());
         dir.write("name.cnv",
@@ -44,18 +26,10 @@ protected:
                   "sfc_cvt   %C/%Y%m%d%h.dat      -          raw_word,7\n"
                   "radar     %C/%Y%m%d%h%5n.rad   -          img  min=3000,size=-9999\n");
     }
-    void TearDown() override {
-        unsetenv("orvcurtime");
-        Orv::resrc = before;
-        Orv::init_time = miss;
-    }
-
     std::string latest(NameConv& conv, const char* text) const {
         NameConvFile result;
         conv.setLatest(text, result);
-        const std::string name = result.filename;
-        const std::size_t length = dir.path.size() + 1;
-        return name.compare(0, length, dir.path + "/") == 0 ? name.substr(length) : name;
+        return shorten(result.filename);
     }
     /// A convention of hourly files in the folder of this test, with some files.
     NameConv makeHourly() const {
@@ -66,9 +40,6 @@ protected:
         conv.setPath(dir.path.c_str());
         return conv;
     }
-
-    TempDir dir;
-    Resrc before = Orv::resrc;
 };
 
 TEST_F(NameConvCase, LooksUpTheFirstTagThatFits) {
@@ -116,7 +87,7 @@ TEST(NameConv, EncodesEachDirective) {
     EXPECT_EQ(encode("%Y%y%m%B%b%d%h%n|%j", Date()), "00000000XXXxxx000000|");
 }
 
-TEST(NameConv, DecodesNames) {
+TEST_F(NameConvCase, DecodesNames) {
     for (const Row& c : readTable("time/decodes_names.txt")) {
         NameConv conv((std::string("@") + c.text("pattern")).c_str());
         const int fits = conv.decode(c.text("name"));
