@@ -2,6 +2,7 @@
 
 #include "ORV/Const.h"
 
+#include <algorithm>
 #include <fstream>
 #include <map>
 #include <optional>

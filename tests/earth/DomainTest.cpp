@@ -92,6 +92,14 @@ TEST(Domain, TranslatesBetweenWindowsAndProjections) {
     EXPECT_NEAR(there.x, imageOf(a, 52, 10).x, 1e-3);
 }
 
+TEST(Domain, TakesItsWindowFromTwoCorners) {
+    Domain domain = domainOf("merc:0:0,0,0");
+    EXPECT_EQ(domain.set(EarthPoint(60, -20), EarthPoint(30, 20), 81, 61), 1);
+    EXPECT_NEAR(domain.limits.xmin, imageOf(domain, 60, -20).x, 1e-4);
+    EXPECT_NEAR(domain.dx, 63.7122 * 40 * M_PI / 180 / 80, 1e-5);
+    EXPECT_EQ(domain.set(EarthPoint(60, 0), EarthPoint(30, 20), 1, 61), 0);
+}
+
 // The direction on the map of a short step on the earth, by finite difference.
 TEST(Direction, FollowsTheMap) {
     for (const Row& turn : readTable("earth/turns.txt")) {

@@ -24,4 +24,17 @@ TEST(Spline, NaturalCubicOfX) {
     EXPECT_FLOAT_EQ(spline.getValue(1), 1);
 }
 
+TEST(Spline, ClosedCurveIsSmoothThroughItsStart) {
+    Points ring;
+    for (int i = 0; i <= 8; i++)
+        ring.add(std::cos(i % 8 * 0.785398f), std::sin(i % 8 * 0.785398f));
+    const Spline spline(ring, 2);
+    const float length = spline.getDist(), step = length / 1000;
+    const float start = (spline.getPoint(step).x - 1) / step;
+    const float end = (1 - spline.getPoint(length - step).x) / step;
+    EXPECT_NEAR(start, end, 0.1); // radians; a curve that ends there has a kink of 0.8
+    for (float s = 0; s < length; s += step)
+        EXPECT_NEAR(std::hypot(spline.getPoint(s).x, spline.getPoint(s).y), 1, 0.02);
+}
+
 } // namespace

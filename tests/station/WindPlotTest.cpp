@@ -90,6 +90,14 @@ TEST_F(WindPlotTest, ArrowPointsWhereTheWindBlows) {
     EXPECT_GT(device->count("line 4 "), 1);
 }
 
+TEST_F(WindPlotTest, TrackIsTickedByHoursAndParts) {
+    // From the north: it goes down the page, 90 device units in three hours.
+    WindPlot::drawTrack(plot, middle, Wind(0, 0.09f), 0.1f, 1, 3, 1);
+    EXPECT_EQ(device->calls[0], "line 1 500.0,250.0 500.0,340.0");
+    EXPECT_EQ(device->calls[1], "line 1 520.0,280.0 480.0,280.0"); // the first hour
+    EXPECT_EQ(lines(), 1 + 2 + 3 + 2); // shaft, whole hours, half hours, head
+}
+
 TEST_F(WindPlotTest, CoversOfTheSky) {
     struct Row {
         const char* codes;

@@ -43,6 +43,22 @@ TEST(SfcData, CeilingAndSummaryCover) {
     }
 }
 
+TEST(SfcData, TableLineKeepsItsColumns) {
+    SfcData data;
+    data.setId("KDCA");
+    data.setDate(Date(2025, 1, 27, 11, 55, 0));
+    data.t = data.td = 20;
+    data.dir = 270;
+    data.alt = 30.12f;
+    data.setWeather("!-SHRA");
+    setClouds(data, "SB", 3000);
+    String line;
+    data.outString(line);
+    // ID   TIME   T  TD  RH DIR SPD GST ALT SLP VIS CIL  COV WX
+    EXPECT_EQ(std::string(line.get()).substr(0, 63),
+              "KDCA   1155  20  20 100 270         012          60  BKN -SHRA ");
+}
+
 TEST(SfcData, CompareTellsTheGroupsApart) {
     const SfcData none;
     EXPECT_EQ(SfcData::compare(none, none), 0);

@@ -55,3 +55,12 @@ TEST(WxTool, WmoNumbersOfBothTables) {
     for (const Row& c : readTable("surface/wmo_codes.txt"))
         EXPECT_EQ(WxTool::getWmoFromWeather(c.text("text")), c.integer("code")) << c.text("text");
 }
+
+TEST(WxTool, FiguresOfHeightAndVisibility) {
+    for (const Row& c : readTable("surface/visibility_codes.txt"))
+        EXPECT_FLOAT_EQ(WxTool::getWmoVis(c.integer("code")), c.number("miles"));
+    EXPECT_EQ(WxTool::getWmoCeilingToCode(983), 3);
+    EXPECT_EQ(WxTool::getWmoCeilingToCode(984), 4);
+    EXPECT_EQ(WxTool::getWmoCldBase(5), 3000);
+    EXPECT_EQ(WxTool::decodeDir("NNW"), 337.5f);
+}

@@ -166,3 +166,14 @@ TEST(Calc, StandardAtmosphere) {
     EXPECT_EQ(Calc::sfcPrAlt(1013, miss), miss);
     EXPECT_EQ(Calc::sfcPrAlt(1013, 50000), miss);
 }
+
+TEST(Calc, DistancesAndMeans) {
+    EXPECT_NEAR(Calc::earthAngle(90, 0, -90, 77), 180, 0.001);
+    EXPECT_EQ(Calc::earthAngle(38.85f, -77.03f, 38.85f, -77.03f), 0);
+    // Washington to Los Angeles on a sphere of 6371.22 km.
+    EXPECT_NEAR(Calc::earthDist(38.85f, -77.03f, 33.94f, -118.41f), 3712.0, 2);
+    EXPECT_EQ(Calc::earthDist(miss, 0, 10, 10), miss);
+    EXPECT_NEAR(Calc::interpTemp(300, 250, 1000, 500, std::sqrt(500000.0f)), 275, 0.01)
+        << "halfway in the logarithm";
+    EXPECT_EQ(Calc::interpTemp(miss, 250, 1000, 500, 700), 250);
+}
